@@ -1,0 +1,87 @@
+# Small helpers shared by the library targets.
+
+# Warnings that must stay at zero for our own code.
+function(ux_target_warnings target)
+    target_compile_options(${target} PRIVATE -Wall -Wextra)
+endfunction()
+
+# Every source, header and form below DIR (recursively), re-globbed on build.
+function(ux_glob_sources out_var dir)
+    file(GLOB_RECURSE _files CONFIGURE_DEPENDS
+        "${dir}/*.cpp" "${dir}/*.h" "${dir}/*.ui")
+    list(FILTER _files EXCLUDE REGEX "/resources/")
+    set(${out_var} ${_files} PARENT_SCOPE)
+endfunction()
+
+# Headers a client may include: every .h that is not private (*_p.h).
+function(ux_public_headers out_var)
+    set(_public)
+    foreach(_f IN LISTS ARGN)
+        if(_f MATCHES "\\.h$" AND NOT _f MATCHES "_p\\.h$")
+            list(APPEND _public "${_f}")
+        endif()
+    endforeach()
+    list(SORT _public)
+    set(${out_var} ${_public} PARENT_SCOPE)
+endfunction()
+
+# The directories that hold the given files, for the build-tree include path.
+function(ux_header_dirs out_var)
+    set(_dirs)
+    foreach(_f IN LISTS ARGN)
+        get_filename_component(_d "${_f}" DIRECTORY)
+        list(APPEND _dirs "${_d}")
+    endforeach()
+    list(REMOVE_DUPLICATES _dirs)
+    set(${out_var} ${_dirs} PARENT_SCOPE)
+endfunction()
+
+# One umbrella header that includes every public header by its flat name.
+function(ux_generate_umbrella out_file guard)
+    set(_text "// Generated at configure time: includes every public header of this library.\n")
+    string(APPEND _text "#ifndef ${guard}\n#define ${guard}\n\n")
+    foreach(_h IN LISTS ARGN)
+        get_filename_component(_name "${_h}" NAME)
+        string(APPEND _text "#include \"${_name}\"\n")
+    endforeach()
+    string(APPEND _text "\n#endif // ${guard}\n")
+    file(CONFIGURE OUTPUT "${out_file}" CONTENT "${_text}" @ONLY)
+endfunction()
+
+# A .qrc listing every file below BASE_DIR under PREFIX, so new resources need
+# no hand-edited resource list.
+function(ux_generate_qrc out_file prefix base_dir)
+    file(GLOB_RECURSE _files CONFIGURE_DEPENDS RELATIVE "${base_dir}" "${base_dir}/*")
+    list(FILTER _files EXCLUDE REGEX "(^|/)\\.|\\.qrc$|README")
+    list(SORT _files)
+    set(_text "<!DOCTYPE RCC><RCC version=\"1.0\">\n<qresource prefix=\"${prefix}\">\n")
+    foreach(_f IN LISTS _files)
+        string(APPEND _text "    <file alias=\"${_f}\">${base_dir}/${_f}</file>\n")
+    endforeach()
+    string(APPEND _text "</qresource>\n</RCC>\n")
+    file(CONFIGURE OUTPUT "${out_file}" CONTENT "${_text}" @ONLY)
+endfunction()
+
+# Mirrors the installed flat layout in the build tree: DEST_DIR/<name>.h
+# forwards to the header in the source tree, so clients inside the tree
+# include <uicomponents/x.h> exactly as installed clients do.
+function(ux_forward_headers dest_dir)
+    foreach(_h IN LISTS ARGN)
+        get_filename_component(_name "${_h}" NAME)
+        file(CONFIGURE OUTPUT "${dest_dir}/${_name}" CONTENT "#include \"${_h}\"\n" @ONLY)
+    endforeach()
+endfunction()
+
+# The headers a client of the shared library can use: those that declare an
+# exported class (UICOMPONENTS_EXPORT) or a registered record
+# (Q_DECLARE_METATYPE). Internal classes keep their headers in the tree only.
+function(ux_exported_headers out_var)
+    set(_exported)
+    foreach(_h IN LISTS ARGN)
+        file(READ "${_h}" _text)
+        if(_text MATCHES "UICOMPONENTS_EXPORT|Q_DECLARE_METATYPE")
+            list(APPEND _exported "${_h}")
+        endif()
+    endforeach()
+    set(${out_var} ${_exported} PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,67 @@
+#include "uxtestenv.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace UxTest {
+
+static QTemporaryDir& tempRoot()
+{
+    static QTemporaryDir dir;
+    return dir;
+}
+
+QString rootDir()
+{
+    return tempRoot().path();
+}
+
+QString skinRoot()
+{
+    return rootDir() + QStringLiteral("/skins");
+}
+
+QString configDir()
+{
+    return rootDir() + QStringLiteral("/config");
+}
+
+QString writeFile(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        qFatal("cannot write %s", qPrintable(path));
+    f.write(content);
+    return path;
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return QByteArray();
+    return f.readAll();
+}
+
+void writeSkin(const QString& id, const QMap<QString, QByteArray>& files)
+{
+    QDir().mkpath(skinRoot() + QLatin1Char('/') + id);
+    for (auto it = files.constBegin(); it != files.constEnd(); ++it)
+        writeFile(skinRoot() + QLatin1Char('/') + id + QLatin1Char('/') + it.key(), it.value());
+}
+
+void initEnvironment()
+{
+    if (!tempRoot().isValid())
+        qFatal("no temporary directory");
+    for (const char* id : {"light", "dark", "black"})
+        writeSkin(QString::fromLatin1(id), {});
+    QDir().mkpath(configDir());
+    UxCore::instance()->setSkinRoot(skinRoot());
+    UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
+    UxCfg::instance()->setPath(QString(), configDir());
+}
+
+} // namespace UxTest

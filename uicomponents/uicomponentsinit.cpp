@@ -1,0 +1,22 @@
+// Runs when the library is loaded: registers the records that travel in
+// QVariant and in queued signals. The compiled-in resources register
+// themselves from their own generated source.
+
+#include "uxtabledefines.h"
+
+#include <QMetaType>
+#include <QtGlobal>
+
+static void uicomponentsRegisterTypes()
+{
+    qRegisterMetaType<_TableHHeaderData>("TableHHeaderData");
+    qRegisterMetaType<_TableHHeaderData>("_TableHHeaderData");
+    qRegisterMetaType<QList<_TableHHeaderData>>("QList<_TableHHeaderData>");
+    qRegisterMetaType<_TableData>("TableData");
+    qRegisterMetaType<_TableData>("_TableData");
+    qRegisterMetaType<QList<_TableData>>("QList<_TableData>");
+    qRegisterMetaType<_SubPageData>("SubPageData");
+    qRegisterMetaType<_SubPageData>("_SubPageData");
+    qRegisterMetaType<UxHeaderSort>("UxHeaderSort");
+}
+Q_CONSTRUCTOR_FUNCTION(uicomponentsRegisterTypes)

@@ -1,0 +1,3 @@
+#include "iuxmemory.h"
+
+IUxMemory::~IUxMemory() = default;
