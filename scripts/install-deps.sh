@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
     build-essential cmake ninja-build ccache pkg-config
-    qtbase5-dev qtbase5-dev-tools libqt5svg5
+    qtbase5-dev qtbase5-dev-tools
     libbenchmark-dev
     xvfb xauth
     fonts-wqy-microhei
