@@ -202,7 +202,9 @@ void FramelessTargetData::moveTo(const QPoint& globalPos)
 void FramelessTargetData::resizeTo(const QPoint& globalPos)
 {
     const bool onBand = m_state->rubberBandOnResize && m_rubberBand;
-    const QRect origin = onBand ? m_rubberBand->frameGeometry() : frameGeometry();
+    // The band's own geometry, not its frame: the band is placed by geometry,
+    // and a platform that frames tool windows would otherwise grow it each move.
+    const QRect origin = onBand ? m_rubberBand->geometry() : frameGeometry();
     int left = origin.left();
     int top = origin.top();
     int right = origin.right();
