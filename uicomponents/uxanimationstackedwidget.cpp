@@ -11,6 +11,8 @@ namespace {
 
 QPixmap snapshot(QWidget* page)
 {
+    if (page->size().isEmpty())
+        return QPixmap();
     QPixmap pixmap(page->size());
     pixmap.fill(Qt::transparent);
     page->render(&pixmap, QPoint(0, 0), QRegion(),
@@ -155,59 +157,44 @@ void UxAnimationStackedWidget::resizeEvent(QResizeEvent* event)
         setLength(event->size().width(), m_type);
 }
 
+// Where the new page is drawn before the offset moves it: half the widget away
+// on the side it enters from. The old page sits at the opposite point.
+QPoint UxAnimationStackedWidget::entryPoint() const
+{
+    const int w = width();
+    const int h = height();
+    switch (m_type) {
+    case BottomToTop:
+        return QPoint(0, h / 2);
+    case TopToBottom:
+        return QPoint(0, -h / 2);
+    case LeftToRight:
+        return QPoint(-w / 2, 0);
+    case RightToLeft:
+        return QPoint(w / 2, 0);
+    }
+    return QPoint();
+}
+
 void UxAnimationStackedWidget::renderCurrentWidget(QPainter& painter, QTransform& transform)
 {
     QWidget* page = widget(m_currentIndex);
     if (!page)
         return;
-    const QPixmap pixmap = snapshot(page);
-    const int w = width();
-    const int h = height();
-    switch (m_type) {
-    case BottomToTop:
+    if (m_type == BottomToTop || m_type == TopToBottom)
         transform.translate(0, m_offset);
-        painter.setTransform(transform);
-        painter.drawPixmap(0, h / 2, pixmap);
-        break;
-    case TopToBottom:
-        transform.translate(0, m_offset);
-        painter.setTransform(transform);
-        painter.drawPixmap(0, -h / 2, pixmap);
-        break;
-    case LeftToRight:
+    else
         transform.translate(m_offset, 0);
-        painter.setTransform(transform);
-        painter.drawPixmap(-w / 2, 0, pixmap);
-        break;
-    case RightToLeft:
-        transform.translate(m_offset, 0);
-        painter.setTransform(transform);
-        painter.drawPixmap(w / 2, 0, pixmap);
-        break;
-    }
+    painter.setTransform(transform);
+    painter.drawPixmap(entryPoint(), snapshot(page));
 }
 
 void UxAnimationStackedWidget::renderPreviousWidget(QPainter& painter, QTransform& transform)
 {
+    // Drawn with the transform the current page left on the painter.
     Q_UNUSED(transform)
     QWidget* page = widget(m_previousIndex);
     if (!page)
         return;
-    const QPixmap pixmap = snapshot(page);
-    const int w = width();
-    const int h = height();
-    switch (m_type) {
-    case BottomToTop:
-        painter.drawPixmap(0, -h / 2, pixmap);
-        break;
-    case TopToBottom:
-        painter.drawPixmap(0, h / 2, pixmap);
-        break;
-    case LeftToRight:
-        painter.drawPixmap(w / 2, 0, pixmap);
-        break;
-    case RightToLeft:
-        painter.drawPixmap(-w / 2, 0, pixmap);
-        break;
-    }
+    painter.drawPixmap(-entryPoint(), snapshot(page));
 }

@@ -62,6 +62,8 @@ protected:
     void renderPreviousWidget(QPainter& painter, QTransform& transform);
 
 private:
+    QPoint entryPoint() const;
+
     bool m_isAnimating;
     double m_offset;
     bool m_paused;

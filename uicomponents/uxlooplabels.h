@@ -24,6 +24,7 @@ class UxBottomLabel;
 // refused by design). A message with the same time and content as a kept one
 // is dropped. The level colours come from the properties below, set from the
 // client's style sheet (qproperty-normalColor...); other levels are grey.
+// Negative intervals and durations are ignored.
 class UICOMPONENTS_EXPORT UxLoopLabels : public QWidget
 {
     Q_OBJECT

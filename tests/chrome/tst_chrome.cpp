@@ -520,17 +520,23 @@ private Q_SLOTS:
     void slidePaintsBothPages_data()
     {
         QTest::addColumn<int>("type");
+        QTest::addColumn<int>("length");
         QTest::addColumn<QPoint>("oldAtHalf");
         QTest::addColumn<QPoint>("newAtHalf");
-        QTest::newRow("RightToLeft") << int(UxAnimationStackedWidget::RightToLeft) << QPoint(100, 20)
+        QTest::newRow("RightToLeft") << int(UxAnimationStackedWidget::RightToLeft) << 300 << QPoint(100, 20)
                                      << QPoint(200, 20);
-        QTest::newRow("LeftToRight") << int(UxAnimationStackedWidget::LeftToRight) << QPoint(200, 20)
+        QTest::newRow("LeftToRight") << int(UxAnimationStackedWidget::LeftToRight) << 300 << QPoint(200, 20)
                                      << QPoint(100, 20);
+        QTest::newRow("TopToBottom") << int(UxAnimationStackedWidget::TopToBottom) << 40 << QPoint(150, 30)
+                                     << QPoint(150, 10);
+        QTest::newRow("BottomToTop") << int(UxAnimationStackedWidget::BottomToTop) << 40 << QPoint(150, 10)
+                                     << QPoint(150, 30);
     }
 
     void slidePaintsBothPages()
     {
         QFETCH(int, type);
+        QFETCH(int, length);
         QFETCH(QPoint, oldAtHalf);
         QFETCH(QPoint, newAtHalf);
         UxAnimationStackedWidget w;
@@ -547,7 +553,7 @@ private Q_SLOTS:
         w.resize(300, 40);
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
-        w.setLength(300, UxAnimationStackedWidget::AnimationType(type));
+        w.setLength(length, UxAnimationStackedWidget::AnimationType(type));
         w.setEasingCurve(QEasingCurve::Linear);
         auto* animation = w.findChild<QPropertyAnimation*>();
         w.start(1);
@@ -557,8 +563,8 @@ private Q_SLOTS:
         // At the start the new page lies wholly outside, the old one covers all.
         animation->setCurrentTime(0);
         QImage image = w.grab().toImage();
-        QCOMPARE(image.pixelColor(5, 20), QColor(Qt::red));
-        QCOMPARE(image.pixelColor(295, 20), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(5, 2), QColor(Qt::red));
+        QCOMPARE(image.pixelColor(295, 37), QColor(Qt::red));
 
         // Half way both pages share the widget.
         animation->setCurrentTime(animation->duration() / 2);
@@ -612,6 +618,10 @@ private Q_SLOTS:
         w.resetNum();
         w.start(1);
         QCOMPARE(animation->state(), QAbstractAnimation::Running);
+
+        // A zero-sized widget slides without painting trouble.
+        w.resize(0, 0);
+        w.grab();
     }
 };
 
