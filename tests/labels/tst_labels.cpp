@@ -5,7 +5,6 @@
 
 #include "uxanimationstackedwidget.h"
 #include "uxbottomlabel.h"
-#include "uxcusmenu.h"
 #include "uxcustomtoolbutton.h"
 #include "uxlooplabels.h"
 #include "uxnewindentlabel.h"
@@ -307,14 +306,6 @@ private Q_SLOTS:
                  QStringList(QStringLiteral("view://attentionpage?rootid=0&id=%1&attentionid=1").arg(id)));
     }
 
-    void tickerClickWithoutMainWindow()
-    {
-        UxCore::instance()->setMainWindow(nullptr);
-        Ticker t;
-        t.ticker.slotClickedMsg(message(QStringLiteral("news")));
-        QVERIFY(m_main->urls.isEmpty());
-    }
-
     void tickerLinesAddedWhileFullDoNotForwardClicks()
     {
         Ticker t;
@@ -587,15 +578,6 @@ private Q_SLOTS:
         QCOMPARE(selected.count(), 0);
         button.emitSelected();
         QCOMPARE(selected.count(), 1);
-    }
-
-    void cusMenuWithoutButton()
-    {
-        QWidget parent;
-        UxCusMenu menu(&parent);
-        menu.addAction(QStringLiteral("x"));
-        menu.popup(QPoint(10, 10));
-        QVERIFY(menu.isVisible());
     }
 };
 
