@@ -146,6 +146,11 @@ void UxCalendarTimeEdit::popCalendarTimeWidget()
     if (!m_calendar)
         initControlcalendar(true);
     // Lay the frame out before measuring: it has not been shown yet the first time.
+    m_frame->ensurePolished();
+    if (QLayout* inner = m_calendar->layout())
+        inner->activate();
+    if (QLayout* outer = m_frame->layout())
+        outer->activate();
     m_frame->adjustSize();
 
     QPoint pos = mapToGlobal(QPoint(-8, height()));

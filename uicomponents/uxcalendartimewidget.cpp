@@ -504,6 +504,18 @@ void UxCalendarTimeWidget::setWeekendColor(const QColor& color)
 
 // --- painting ---------------------------------------------------------------------
 
+bool UxCalendarTimeWidget::event(QEvent* event)
+{
+    const bool result = QCalendarWidget::event(event);
+    // The sheet's qproperty-... colours arrive while polishing; the header
+    // formats are computed from them, so refresh them afterwards.
+    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
+        updateStyle();
+    return result;
+}
+
+// --- day cells ---------------------------------------------------------------------
+
 void UxCalendarTimeWidget::paintCell(QPainter* painter, const QRect& rect, const QDate& date) const
 {
     QFont font = QApplication::font();

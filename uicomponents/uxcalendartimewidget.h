@@ -23,7 +23,8 @@ class UxTimeEditPopEdit;
 // Navigation forward stops at today; backward at the minimum date's year. The
 // year list leaves out the maximum year when the range spans several years.
 //
-// Our choices: a combo text that is not a number never moves the page (the
+// Our choices: the weekday header follows colours a style sheet sets
+// (qproperty-lbColor...) as soon as the sheet is applied; a combo text that is not a number never moves the page (the
 // month box also needs a year inside the calendar's range), and an invalid
 // bound passed to setCalendarMinDate/setCalendarMaxDate is logged and ignored.
 class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
@@ -64,6 +65,7 @@ Q_SIGNALS:
     void signalClearDateTime();
 
 protected:
+    bool event(QEvent* event) override;
     void paintCell(QPainter* painter, const QRect& rect, const QDate& date) const override;
     void paintEvent(QPaintEvent* event) override;
 
