@@ -65,6 +65,8 @@ UxCalendarTimeWidget::UxCalendarTimeWidget(QWidget* parent, bool isDateYes, bool
     initControl();
     connect(UxCore::instance(), &UxCore::signalSkinChanged, this, [this] { updateStyle(); });
     updateStyle();
+    // The time row starts at the current time (clamped to the bounds), not empty.
+    updateTimeEditTimer();
 }
 
 UxCalendarTimeWidget::UxCalendarTimeWidget()

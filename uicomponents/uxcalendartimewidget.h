@@ -23,10 +23,14 @@ class UxTimeEditPopEdit;
 // Navigation forward stops at today; backward at the minimum date's year. The
 // year list leaves out the maximum year when the range spans several years.
 //
-// Our choices: the weekday header follows colours a style sheet sets
-// (qproperty-lbColor...) as soon as the sheet is applied; a combo text that is not a number never moves the page (the
-// month box also needs a year inside the calendar's range), and an invalid
-// bound passed to setCalendarMinDate/setCalendarMaxDate is logged and ignored.
+// Our choices:
+// - the time row is filled at construction (current time within the bounds);
+// - the weekday header follows colours a style sheet sets (qproperty-lbColor...)
+//   as soon as the sheet is applied;
+// - a combo text that is not a number never moves the page (the month box also
+//   needs a year inside the calendar's range);
+// - an invalid bound passed to setCalendarMinDate/setCalendarMaxDate is logged
+//   and ignored.
 class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
 {
     Q_OBJECT
