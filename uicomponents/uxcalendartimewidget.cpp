@@ -29,6 +29,12 @@ bool isSkin(const char* id)
     return UxCore::instance()->getCurrentSkinId() == QLatin1String(id);
 }
 
+// The skin "black" has fixed colours; every other skin takes the property's.
+QColor skinColor(const char* blackColor, const QColor& property)
+{
+    return isSkin("black") ? QColor(QLatin1String(blackColor)) : property;
+}
+
 QPushButton* navButton(const char* name, QWidget* parent)
 {
     auto* btn = new QPushButton(parent);
@@ -442,51 +448,47 @@ void UxCalendarTimeWidget::updateStyle()
 
 QColor UxCalendarTimeWidget::baseColor() const
 {
-    return isSkin("black") ? QColor(QStringLiteral("chocolate")) : m_baseColor;
+    return skinColor("chocolate", m_baseColor);
 }
 
 void UxCalendarTimeWidget::setBaseColor(const QColor& color)
 {
-    if (m_baseColor != color)
-        m_baseColor = color;
+    m_baseColor = color;
 }
 
 QColor UxCalendarTimeWidget::lbColor() const
 {
-    return isSkin("black") ? QColor(QStringLiteral("#D9DFEA")) : m_lbColor;
+    return skinColor("#D9DFEA", m_lbColor);
 }
 
 void UxCalendarTimeWidget::setLbColor(const QColor& color)
 {
-    if (m_lbColor != color)
-        m_lbColor = color;
+    m_lbColor = color;
 }
 
 QColor UxCalendarTimeWidget::lineColor() const
 {
-    return isSkin("black") ? QColor(QStringLiteral("brown")) : m_lineColor;
+    return skinColor("brown", m_lineColor);
 }
 
 void UxCalendarTimeWidget::setLineColor(const QColor& color)
 {
-    if (m_lineColor != color)
-        m_lineColor = color;
+    m_lineColor = color;
 }
 
 QColor UxCalendarTimeWidget::bgColor() const
 {
-    return isSkin("black") ? QColor(QStringLiteral("#FFFFFF")) : m_bgColor;
+    return skinColor("#FFFFFF", m_bgColor);
 }
 
 void UxCalendarTimeWidget::setBgColor(const QColor& color)
 {
-    if (m_bgColor != color)
-        m_bgColor = color;
+    m_bgColor = color;
 }
 
 QColor UxCalendarTimeWidget::selectColor() const
 {
-    return isSkin("black") ? QColor(QStringLiteral("#8FA4C9")) : m_selectColor;
+    return skinColor("#8FA4C9", m_selectColor);
 }
 
 void UxCalendarTimeWidget::setSelectColor(const QColor& color)
@@ -496,7 +498,7 @@ void UxCalendarTimeWidget::setSelectColor(const QColor& color)
 
 QColor UxCalendarTimeWidget::weekendColor() const
 {
-    return isSkin("black") ? QColor(QStringLiteral("#629AF8")) : m_weekendColor;
+    return skinColor("#629AF8", m_weekendColor);
 }
 
 void UxCalendarTimeWidget::setWeekendColor(const QColor& color)
