@@ -118,6 +118,8 @@ private slots:
     void timePopRange_data();
     void timePopRange();
     void timeFieldPick();
+    void timePopFocusLoss_data();
+    void timePopFocusLoss();
 
     // calendar
     void calendarYearList();
@@ -136,6 +138,8 @@ private slots:
     // edits
     void calendarEditPickAndClear();
     void calendarEditMinimum();
+    void calendarFrameFocusLoss_data();
+    void calendarFrameFocusLoss();
     void calendarEditOpensBelowOrAbove_data();
     void calendarEditOpensBelowOrAbove();
     void dateTimeEditPickSignalsTwice();
@@ -352,6 +356,37 @@ void TstDateTime::timeFieldPick()
     QVERIFY(!pop->isVisible());
 }
 
+void TstDateTime::timePopFocusLoss_data()
+{
+    QTest::addColumn<bool>("mouseOnOwner");
+    QTest::newRow("click elsewhere closes both") << false;
+    QTest::newRow("click on the calendar keeps it") << true;
+}
+
+void TstDateTime::timePopFocusLoss()
+{
+    QFETCH(bool, mouseOnOwner);
+
+    QWidget owner;
+    owner.setGeometry(300, 300, 120, 120);
+    owner.show();
+    UxTimePopWidget pop(nullptr, 0);
+    pop.setCalendarPopWidget(&owner);
+    pop.move(20, 20);
+    pop.show();
+    QApplication::setActiveWindow(&pop);
+    pop.setFocus(Qt::OtherFocusReason);
+    QTRY_VERIFY(pop.hasFocus());
+
+    QCursor::setPos(mouseOnOwner ? QPoint(350, 350) : QPoint(700, 20));
+    QWidget other;
+    other.setGeometry(600, 10, 150, 50);
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QTRY_VERIFY(!pop.isVisible());
+    QCOMPARE(owner.isVisible(), mouseOnOwner);
+}
+
 // --- calendar -----------------------------------------------------------------------
 
 void TstDateTime::calendarYearList()
@@ -483,6 +518,13 @@ void TstDateTime::calendarNowAndClear()
     QVERIFY(now && clear);
     QCOMPARE(now->text(), QStringLiteral("现在"));
     QCOMPARE(clear->text(), QStringLiteral("清空"));
+
+    // The time row starts at the current time.
+    const QList<UxTimeEditPopEdit*> fields = cal.findChildren<UxTimeEditPopEdit*>();
+    QCOMPARE(fields.size(), 3);
+    QVERIFY(clockDrift(fields[0]->text() + QLatin1Char(':') + fields[1]->text() + QLatin1Char(':') + fields[2]->text(),
+                       0)
+            <= 2);
 
     QSignalSpy timeSpy(&cal, &UxCalendarTimeWidget::signalSetCalendarTime);
     QSignalSpy clearSpy(&cal, &UxCalendarTimeWidget::signalClearDateTime);
@@ -689,6 +731,40 @@ void TstDateTime::calendarEditMinimum()
     // Back below it: nothing moves.
     edit.setCalendarMinDate(raised.addDays(-1));
     QCOMPARE(edit.date(), raised);
+}
+
+void TstDateTime::calendarFrameFocusLoss_data()
+{
+    QTest::addColumn<bool>("mouseInside");
+    QTest::newRow("click elsewhere") << false;
+    QTest::newRow("click inside") << true;
+}
+
+void TstDateTime::calendarFrameFocusLoss()
+{
+    QFETCH(bool, mouseInside);
+
+    QWidget window;
+    window.setGeometry(20, 20, 200, 40);
+    const QWidgetList before = QApplication::topLevelWidgets();
+    auto* edit = new UxCalendarTimeEdit(&window);
+    edit->setGeometry(10, 5, 150, 24);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QWidget* frame = newTopLevel(before, QStringLiteral("calendarFramWidget"));
+    QVERIFY(frame);
+    QTest::mouseClick(edit, Qt::LeftButton);
+    QApplication::setActiveWindow(frame);
+    QTRY_VERIFY(frame->hasFocus());
+
+    QCursor::setPos(mouseInside ? frame->geometry().center() : QPoint(700, 500));
+    QWidget other;
+    other.setGeometry(600, 450, 150, 50);
+    other.show();
+    QApplication::setActiveWindow(&other);
+    QTRY_COMPARE(frame->isVisible(), mouseInside);
+    QTest::qWait(20);
+    QCOMPARE(frame->isVisible(), mouseInside);
 }
 
 void TstDateTime::calendarEditOpensBelowOrAbove_data()
