@@ -203,6 +203,8 @@ void UxFileDialog::initFileDlg()
     m_fileDlg = new QFileDialog(this, Qt::SubWindow | Qt::FramelessWindowHint);
     m_fileDlg->setAttribute(Qt::WA_TranslucentBackground);
     m_fileDlg->setOption(QFileDialog::DontUseNativeDialog);
+    // The window is not resizable: a grip in the corner would only mislead.
+    m_fileDlg->setSizeGripEnabled(false);
     ui->bodylayout->addWidget(m_fileDlg);
     qDebug() << Q_FUNC_INFO << m_fileDlg;
 

@@ -32,7 +32,8 @@ class UxFileDialog;
 //   without one is frameless alone), so it never ends up embedded in the parent.
 // - The chooser always stays non-native: options passed to the helpers are
 //   applied with DontUseNativeDialog added.
-// - Directory mode shows folders only (ShowDirsOnly is added).
+// - getExistingDirectory() shows folders only (ShowDirsOnly is added).
+// - The chooser's size grip is turned off: the window is not resizable.
 // - setAcceptMode() restyles the buttons too, since the chooser rebuilds them.
 // - In save mode selectedFiles() holds one entry, empty while no file name is
 //   chosen (the chooser itself would report the folder on show).
