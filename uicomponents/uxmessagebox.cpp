@@ -21,6 +21,13 @@ const char* const kShadowImages[] = {
     "bg/shadow_bottom.png",   "bg/shadow_right.png", "bg/shadow_top_right.png",   "bg/shadow_bottom_right.png",
 };
 
+// The four one-call helpers differ in name only: no icon, default button or parent.
+int runBox(const QString& title, const QString& text, QFlags<QMessageBox::StandardButton> buttons)
+{
+    UxMessageBox box(title, text, buttons, nullptr);
+    return box.exec();
+}
+
 bool isStandardButton(int value)
 {
     // One bit between Ok and RestoreDefaults.
@@ -32,9 +39,6 @@ UxMessageBox::UxMessageBox(const QString& title, const QString& text, QFlags<QMe
                            QWidget* parent)
     : QDialog(parent)
     , ui(new Ui::UxMessageBox)
-    , m_buttonBox(nullptr)
-    , m_checkBoxVisible(false)
-    , m_shadowWidth(4)
 {
     ui->setupUi(this);
     initView();
@@ -47,28 +51,19 @@ UxMessageBox::UxMessageBox(const QString& title, const QString& text, QFlags<QMe
     setButtonsText();
     ui->titleLabel->setText(title);
     ui->contentsLabel->setText(text);
-    ui->btnHLayout->addStretch();
-    ui->btnHLayout->addWidget(m_buttonBox);
-    ui->btnHLayout->addStretch();
-    connect(m_buttonBox, SIGNAL(clicked(QAbstractButton*)), this, SLOT(slotButtonClicked(QAbstractButton*)));
+    placeButtonBox();
 }
 
 UxMessageBox::UxMessageBox(QWidget* parent)
     : QDialog(parent)
     , ui(new Ui::UxMessageBox)
-    , m_buttonBox(nullptr)
-    , m_checkBoxVisible(false)
-    , m_shadowWidth(4)
 {
     ui->setupUi(this);
     initView();
     m_buttonBox = new QDialogButtonBox(this);
     m_buttonBox->setObjectName(QStringLiteral("BtnBox"));
     setButtonsText();
-    ui->btnHLayout->addStretch();
-    ui->btnHLayout->addWidget(m_buttonBox);
-    ui->btnHLayout->addStretch();
-    connect(m_buttonBox, SIGNAL(clicked(QAbstractButton*)), this, SLOT(slotButtonClicked(QAbstractButton*)));
+    placeButtonBox();
     createConnections();
 }
 
@@ -85,26 +80,22 @@ UxMessageBox::~UxMessageBox()
 
 int UxMessageBox::information(const QString& title, const QString& text, QFlags<QMessageBox::StandardButton> buttons)
 {
-    UxMessageBox box(title, text, buttons, nullptr);
-    return box.exec();
+    return runBox(title, text, buttons);
 }
 
 int UxMessageBox::warning(const QString& title, const QString& text, QFlags<QMessageBox::StandardButton> buttons)
 {
-    UxMessageBox box(title, text, buttons, nullptr);
-    return box.exec();
+    return runBox(title, text, buttons);
 }
 
 int UxMessageBox::critical(const QString& title, const QString& text, QFlags<QMessageBox::StandardButton> buttons)
 {
-    UxMessageBox box(title, text, buttons, nullptr);
-    return box.exec();
+    return runBox(title, text, buttons);
 }
 
 int UxMessageBox::question(const QString& title, const QString& text, QFlags<QMessageBox::StandardButton> buttons)
 {
-    UxMessageBox box(title, text, buttons, nullptr);
-    return box.exec();
+    return runBox(title, text, buttons);
 }
 
 int UxMessageBox::exec()
@@ -257,6 +248,15 @@ void UxMessageBox::slotButtonClicked(QAbstractButton* button)
 {
     m_clickedButton = button;
     done(m_buttonBox->standardButton(button));
+}
+
+void UxMessageBox::placeButtonBox()
+{
+    // Stretches on both sides centre the buttons.
+    ui->btnHLayout->addStretch();
+    ui->btnHLayout->addWidget(m_buttonBox);
+    ui->btnHLayout->addStretch();
+    connect(m_buttonBox, SIGNAL(clicked(QAbstractButton*)), this, SLOT(slotButtonClicked(QAbstractButton*)));
 }
 
 void UxMessageBox::createConnections()

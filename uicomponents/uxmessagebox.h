@@ -95,18 +95,19 @@ private Q_SLOTS:
 
 private:
     void createConnections();
+    void placeButtonBox();
     void setButtonsText();
     void setButtonText(QAbstractButton* button);
     int execReturnCode(QAbstractButton* button);
     int mapResult(int result);
 
     Ui::UxMessageBox* ui;
-    QDialogButtonBox* m_buttonBox;
+    QDialogButtonBox* m_buttonBox = nullptr;
     QPointer<QAbstractButton> m_clickedButton;
-    QPointer<QAbstractButton> m_extraButton;
-    bool m_checkBoxVisible;
+    QPointer<QAbstractButton> m_extraButton; // never set: stays null
+    bool m_checkBoxVisible = false;
     QString m_text;
-    int m_shadowWidth;
+    int m_shadowWidth = 4; // width of the painted shadow border
 };
 
 #endif // UXMESSAGEBOX_H

@@ -476,6 +476,11 @@ void TstDialogs::boxIsAFramelessMovableSkinnedWindow()
     QVERIFY(helper);
     QVERIFY(helper->isMovable());
     QVERIFY(!helper->isResizable());
+    QWidget owner;
+    UxMessageBox owned(&owner);
+    QVERIFY(owned.isWindow());
+    // The test skins are empty: the compiled-in default look applies.
+    QVERIFY(box.styleSheet().contains(QStringLiteral("#BtnBox QPushButton")));
     QVERIFY(!box.styleSheet().contains(QStringLiteral("#123456")));
 
     SkinGuard skin(QStringLiteral("styled"));
@@ -568,6 +573,12 @@ void TstDialogs::chooserIsEmbeddedAndRestyled()
     QCOMPARE(fileDlg->parentWidget(), dlg.findChild<QWidget*>(QStringLiteral("bodyWidget")));
     QVERIFY(dlg.isWindow());
     QVERIFY(dlg.windowFlags() & Qt::FramelessWindowHint);
+    QVERIFY(dlg.styleSheet().contains(QStringLiteral("#topFrame")));
+    // Given a parent it is still a window of its own, not a child drawn inside it.
+    QWidget owner;
+    UxFileDialog owned(&owner);
+    QVERIFY(owned.isWindow());
+    QVERIFY(owned.windowFlags() & Qt::FramelessWindowHint);
 
     QCOMPARE(dlg.findChild<QLabel*>(QStringLiteral("lookInLabel"))->text(), QString::fromUtf8("文件目录："));
     QCOMPARE(dlg.findChild<QComboBox*>(QStringLiteral("lookInCombo"))->minimumHeight(), 24);

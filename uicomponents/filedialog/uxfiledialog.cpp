@@ -46,8 +46,6 @@ void restyle(QPushButton* button, const QString& name, const QString& sheet)
 UxFileDialog::UxFileDialog(QWidget* parent)
     : QDialog(parent)
     , ui(new Ui::UxFileDialog)
-    , m_fileDlg(nullptr)
-    , m_buttonsDirect(false)
 {
     ui->setupUi(this);
     setAttribute(Qt::WA_TranslucentBackground);
@@ -71,9 +69,7 @@ QString UxFileDialog::getSaveFileName(QWidget* parent, const QString& caption, c
 {
     Q_UNUSED(parent) // always a top-level window of its own
     UxFileDialog dlg;
-    dlg.setAcceptMode(QFileDialog::AcceptSave);
-    dlg.setFileMode(QFileDialog::AnyFile);
-    dlg.setTitleName(caption);
+    dlg.prepare(QFileDialog::AcceptSave, QFileDialog::AnyFile, caption);
     QFileDialog* fileDlg = dlg.getFileDlg();
     fileDlg->setDirectory(dir);
     // A full path given as the folder comes up as the file to save.
@@ -95,9 +91,7 @@ QString UxFileDialog::getOpenFileName(QWidget* parent, const QString& caption, c
 {
     Q_UNUSED(parent)
     UxFileDialog dlg;
-    dlg.setAcceptMode(QFileDialog::AcceptOpen);
-    dlg.setFileMode(QFileDialog::ExistingFile);
-    dlg.setTitleName(caption);
+    dlg.prepare(QFileDialog::AcceptOpen, QFileDialog::ExistingFile, caption);
     QFileDialog* fileDlg = dlg.getFileDlg();
     fileDlg->setOptions(options | QFileDialog::DontUseNativeDialog);
     fileDlg->setDirectory(dir);
@@ -116,9 +110,7 @@ QString UxFileDialog::getExistingDirectory(QWidget* parent, const QString& capti
 {
     Q_UNUSED(parent)
     UxFileDialog dlg;
-    dlg.setAcceptMode(QFileDialog::AcceptOpen);
-    dlg.setFileMode(QFileDialog::Directory);
-    dlg.setTitleName(caption);
+    dlg.prepare(QFileDialog::AcceptOpen, QFileDialog::Directory, caption);
     QFileDialog* fileDlg = dlg.getFileDlg();
     // Folders only, whatever the caller passes.
     fileDlg->setOptions(options | QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
@@ -126,6 +118,15 @@ QString UxFileDialog::getExistingDirectory(QWidget* parent, const QString& capti
     if (dlg.exec() != QDialog::Accepted)
         return QString();
     return dlg.firstSelectedPath();
+}
+
+void UxFileDialog::prepare(QFileDialog::AcceptMode acceptMode, QFileDialog::FileMode fileMode,
+                           const QString& caption)
+{
+    setAcceptMode(acceptMode);
+    setFileMode(fileMode);
+    // The caption replaces the mode's own title, even when empty.
+    setTitleName(caption);
 }
 
 void UxFileDialog::setAcceptMode(QFileDialog::AcceptMode mode)

@@ -80,15 +80,17 @@ private Q_SLOTS:
 
 private:
     void initFileDlg();
+    // The helpers' common start: modes in this order, then the title.
+    void prepare(QFileDialog::AcceptMode acceptMode, QFileDialog::FileMode fileMode, const QString& caption);
     void updateButtons();
     void setTitleName(const QString& title);
     QFileDialog* getFileDlg() const;
     QString firstSelectedPath() const;
 
     Ui::UxFileDialog* ui;
-    QFileDialog* m_fileDlg;
+    QFileDialog* m_fileDlg = nullptr;
     // True while the chooser's button box ends this dialog directly.
-    bool m_buttonsDirect;
+    bool m_buttonsDirect = false;
 };
 
 #endif // UXFILEDIALOG_H
