@@ -17,9 +17,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QPainter>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QStandardItemModel>
 #include <QTemporaryDir>
+#include <QTextCodec>
 #include <QTimer>
 #include <QTreeView>
 
@@ -185,6 +189,8 @@ private Q_SLOTS:
     void helpersAnswerEmptyUnlessAccepted();
     void dialogCanBeShownAgain();
     void minimiseAndCloseButtons();
+    void chineseTextsIgnoreTheLocaleCodec();
+    void delegateDrawsNoFocusFrame();
 
 private:
     QTemporaryDir m_files;
@@ -824,6 +830,66 @@ void TstDialogs::minimiseAndCloseButtons()
     QTRY_VERIFY(!dlg.isVisible());
     QCOMPARE(finished.count(), 1);
     QCOMPARE(finished.at(0).at(0).toInt(), int(QDialog::Rejected));
+}
+
+void TstDialogs::chineseTextsIgnoreTheLocaleCodec()
+{
+    QTextCodec* gbk = QTextCodec::codecForName("GBK");
+    if (!gbk)
+        QSKIP("no GBK codec in this Qt build");
+    QTextCodec* previous = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(gbk);
+    UxFileDialog dlg;
+    dlg.setAcceptMode(QFileDialog::AcceptSave);
+    UxMessageBox box(QString(), QString(), QMessageBox::Ok | QMessageBox::No);
+    QTextCodec::setCodecForLocale(previous);
+
+    QCOMPARE(titleOf(&dlg), QString::fromUtf8("文件保存框"));
+    QCOMPARE(dlg.findChild<QLabel*>(QStringLiteral("lookInLabel"))->text(), QString::fromUtf8("文件目录："));
+    QCOMPARE(dlg.findChild<QPushButton*>(QStringLiteral("cancelButton"))->text(), QString::fromUtf8("取消"));
+    QCOMPARE(dlg.findChild<QPushButton*>(QStringLiteral("sysClose"))->toolTip(), QString::fromUtf8("关闭"));
+    QCOMPARE(boxButton(&box, QMessageBox::Ok)->text(), QString::fromUtf8("确定"));
+    QCOMPARE(boxButton(&box, QMessageBox::No)->text(), QString::fromUtf8("取消"));
+}
+
+namespace {
+// Counts the focus frames a style is asked to draw.
+class FocusCountingStyle : public QProxyStyle
+{
+public:
+    mutable int focusFrames = 0;
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override
+    {
+        if (element == PE_FrameFocusRect)
+            ++focusFrames;
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+};
+} // namespace
+
+void TstDialogs::delegateDrawsNoFocusFrame()
+{
+    QStandardItemModel model(1, 1);
+    model.setItem(0, 0, new QStandardItem(QStringLiteral("quotes.csv")));
+    FocusCountingStyle style; // outlives the view that uses it
+    QListView view;
+    view.setStyle(&style);
+    QStyleOptionViewItem option;
+    option.initFrom(&view);
+    option.widget = &view;
+    option.rect = QRect(0, 0, 120, 20);
+    option.state |= QStyle::State_HasFocus | QStyle::State_Selected;
+    QImage canvas(120, 20, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&canvas);
+
+    QStyledItemDelegate plain;
+    plain.paint(&painter, option, model.index(0, 0));
+    QCOMPARE(style.focusFrames, 1);
+
+    NoFocusDelegate noFocus;
+    noFocus.paint(&painter, option, model.index(0, 0));
+    QCOMPARE(style.focusFrames, 1);
 }
 
 UX_TEST_MAIN(TstDialogs)
