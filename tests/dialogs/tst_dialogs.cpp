@@ -521,6 +521,14 @@ void TstDialogs::clickedButtonDiesFirst()
     QCOMPARE(again->exec(), int(QMessageBox::Ok));
     delete again->clickedButton();
     QVERIFY(!again->clickedButton());
+
+    // Shown again and left by Escape: the earlier click is forgotten.
+    drive<UxMessageBox>([](UxMessageBox* b) {
+        QTest::keyClick(b, Qt::Key_Escape);
+        return true;
+    });
+    QCOMPARE(again->exec(), int(QMessageBox::NoButton));
+    QVERIFY(!again->clickedButton());
     delete again;
 }
 
