@@ -28,7 +28,7 @@ cmake -S "$here" -B "$build" "${generator[@]}" \
 cmake --build "$build" -j"$(nproc)"
 
 supp="$here/scripts/sanitizers"
-export ASAN_OPTIONS="halt_on_error=1:abort_on_error=0:exitcode=23:detect_leaks=1:detect_stack_use_after_return=1:check_initialization_order=1:strict_init_order=1:detect_odr_violation=1"
+export ASAN_OPTIONS="halt_on_error=1:fast_unwind_on_malloc=0:abort_on_error=0:exitcode=23:detect_leaks=1:detect_stack_use_after_return=1:check_initialization_order=1:strict_init_order=1:detect_odr_violation=1"
 export LSAN_OPTIONS="suppressions=$supp/lsan.supp:print_suppressions=0:exitcode=23"
 export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:exitcode=23:suppressions=$supp/ubsan.supp"
 export QT_QPA_PLATFORM=offscreen

@@ -114,8 +114,13 @@ void UxLoopLabels::addMessages(const tagMessage& msg)
     connect(label, SIGNAL(signalHovered(bool)), m_stack, SLOT(slotControlAni(bool)));
     m_stack->insertWidget(0, label);
     label->setMsgColor(getMsgColor(msg.level));
-    if (m_stack->count() > 0)
-        m_stack->removeWidget(m_stack->widget(m_stack->count() - 1));
+    if (m_stack->count() > 0) {
+        // removeWidget() only hides the line: delete it, or a ticker fed all
+        // day keeps every line it ever showed.
+        QWidget* dropped = m_stack->widget(m_stack->count() - 1);
+        m_stack->removeWidget(dropped);
+        dropped->deleteLater();
+    }
     delete m_msgList.takeLast();
     rollTo(0);
 }
