@@ -558,6 +558,12 @@ void UxTableModel::setSortIndicatorShown(bool shown)
         emit headerDataChanged(Qt::Horizontal, 0, m_headers.size() - 1);
 }
 
+QVariant UxTableModel::toNumber(const QString& text)
+{
+    const NumberKey k = parseNumber(text);
+    return k.unit ? QVariant::fromValue(k.u) : QVariant(k.d);
+}
+
 QColor UxTableModel::backgroundColorAt(const QModelIndex& index) const
 {
     if (!validCell(index))

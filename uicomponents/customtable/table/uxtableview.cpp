@@ -297,6 +297,9 @@ void UxTableView::setRowSelected(int row)
 
 void UxTableView::calcPageRows()
 {
+    // Before the first show nothing is laid out, so no page fits yet.
+    if (!isVisible())
+        return;
     const QRect rect = contentsRect();
     const QModelIndex top = indexAt(rect.topLeft());
     if (!top.isValid())
