@@ -15,6 +15,7 @@ static void uicomponentsRegisterTypes()
     qRegisterMetaType<_TableData>("TableData");
     qRegisterMetaType<_TableData>("_TableData");
     qRegisterMetaType<QList<_TableData>>("QList<_TableData>");
+    qRegisterMetaType<QList<_TableData>>("QList<TableData>");
     qRegisterMetaType<_SubPageData>("SubPageData");
     qRegisterMetaType<_SubPageData>("_SubPageData");
     qRegisterMetaType<UxHeaderSort>("UxHeaderSort");

@@ -38,6 +38,8 @@ UxTableView::UxTableView(QWidget* parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     horizontalHeader()->setDefaultSectionSize(kSectionSize);
     horizontalHeader()->setFixedHeight(kHeaderHeight);
+    // Whole rows are selected; a bold caption on every column says nothing.
+    horizontalHeader()->setHighlightSections(false);
     setModel(m_pModel);
     setItemDelegate(m_pDelegate);
     initFrozenTableView();
@@ -94,6 +96,7 @@ void UxTableView::initFrozenTableView()
     m_pFrozenView->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_pFrozenView->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     m_pFrozenView->horizontalHeader()->setFixedHeight(kHeaderHeight);
+    m_pFrozenView->horizontalHeader()->setHighlightSections(false);
     m_pFrozenView->verticalHeader()->setDefaultSectionSize(kRowHeight);
     // Keys always reach this view, wherever the row was clicked.
     m_pFrozenView->setFocusProxy(this);
