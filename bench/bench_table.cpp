@@ -2,16 +2,16 @@
 // (32,760 rows of mixed 万 / 亿 / % / plain / junk texts) and bursts of
 // single-row quote updates.
 //
-// Sort peer: keys parsed inside every comparison (QVariant keys, conversion
-// by the left key). Sort floor: std::sort of doubles extracted beforehand.
+// Sort peer: the plain reference the tests check against, keys parsed inside
+// every comparison (QVariant keys, conversion by the left key). Sort floor: std::sort of doubles extracted beforehand.
 
+#include "tablesortreference.h"
 #include "uxtablemodel.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
 #include <QRandomGenerator>
-#include <QRegularExpression>
 
 #include <algorithm>
 #include <vector>
@@ -66,28 +66,6 @@ QList<_TableData> rows(int n)
     return list;
 }
 
-QVariant peerKey(const QString& text)
-{
-    static const QRegularExpression wan(QStringLiteral("(\\d+\\.\\d+)万"));
-    static const QRegularExpression yi(QStringLiteral("(\\d+\\.\\d+)亿"));
-    static const QRegularExpression pct(QStringLiteral("(\\d+(\\.\\d+)?%)"));
-    QString t = text;
-    if (wan.match(text).hasMatch())
-        return QVariant::fromValue(qulonglong(qint64(t.remove(QStringLiteral("万")).toDouble() * 10000.0)));
-    if (yi.match(text).hasMatch())
-        return QVariant::fromValue(qulonglong(qint64(t.remove(QStringLiteral("亿")).toDouble() * 1e8)));
-    if (pct.match(text).hasMatch())
-        return t.remove(QLatin1Char('%')).toDouble();
-    return text.toDouble();
-}
-
-bool peerLess(const QVariant& l, const QVariant& r)
-{
-    if (l.userType() == QMetaType::ULongLong)
-        return l.toULongLong() < r.toULongLong();
-    return l.toDouble() < r.toDouble();
-}
-
 void BM_ModelSort(benchmark::State& state)
 {
     UxTableModel model;
@@ -108,11 +86,7 @@ void BM_PeerSortKeysInComparison(benchmark::State& state)
     const QList<_TableData> data = rows(kSortRows);
     const QString feild = QStringLiteral("Amount");
     for (auto _ : state) {
-        QList<_TableData> copy = data;
-        std::sort(copy.begin(), copy.end(), [&feild](const _TableData& a, const _TableData& b) {
-            return peerLess(peerKey(a.values.value(feild)), peerKey(b.values.value(feild)));
-        });
-        benchmark::DoNotOptimize(copy);
+        benchmark::DoNotOptimize(ref::sorted(data, feild, Qt::AscendingOrder));
     }
     state.SetItemsProcessed(state.iterations() * kSortRows);
 }

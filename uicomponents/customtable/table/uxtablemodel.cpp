@@ -15,32 +15,6 @@ const int kTintMs = 1000;
 const QChar kWan(0x4E07); // 万
 const QChar kYi(0x4EBF);  // 亿
 
-const QString& fieldCode()
-{
-    static const QString s = QStringLiteral("Code");
-    return s;
-}
-const QString& fieldName()
-{
-    static const QString s = QStringLiteral("Name");
-    return s;
-}
-const QString& fieldNow()
-{
-    static const QString s = QStringLiteral("Now");
-    return s;
-}
-const QString& fieldTime()
-{
-    static const QString s = QStringLiteral("Time");
-    return s;
-}
-const QString& fieldPreClose()
-{
-    static const QString s = QStringLiteral("PreClose");
-    return s;
-}
-
 bool isVolumeField(const QString& f)
 {
     return f == QLatin1String("RedVolume") || f == QLatin1String("GreenVolume");
@@ -207,9 +181,9 @@ QVariant UxTableModel::data(const QModelIndex& index, int role) const
     case Qt::DisplayRole: {
         if (h.feild.isEmpty())
             return index.row() + 1;
-        if (h.feild == fieldCode())
+        if (h.feild == QLatin1String("Code"))
             return r.code;
-        if (h.feild == fieldName())
+        if (h.feild == QLatin1String("Name"))
             return r.name;
         const QString v = r.values.value(h.feild);
         if (isVolumeField(h.feild))
@@ -227,7 +201,7 @@ QVariant UxTableModel::data(const QModelIndex& index, int role) const
         QColor c;
         if (comparesWithPreClose(h.feild)) {
             const double value = v.toDouble();
-            const double preClose = r.values.value(fieldPreClose()).toDouble();
+            const double preClose = r.values.value(QStringLiteral("PreClose")).toDouble();
             if (value > preClose)
                 c = h.riseColor;
             else if (value < preClose)
@@ -283,12 +257,12 @@ bool UxTableModel::setData(const QModelIndex& index, const QVariant& value, int 
         return true;
     const QString text = value.toString();
     _TableData& r = m_datas[index.row()];
-    if (feild == fieldCode()) {
+    if (feild == QLatin1String("Code")) {
         if (r.code == text)
             return true;
         r.code = text;
         m_rowIndexDirty = true;
-    } else if (feild == fieldName()) {
+    } else if (feild == QLatin1String("Name")) {
         if (r.name == text)
             return true;
         r.name = text;
@@ -309,9 +283,9 @@ void UxTableModel::sort(int column, Qt::SortOrder order)
         return;
 
     const QString& feild = m_headers.at(column).feild;
-    const KeyFamily family = feild == fieldTime()
+    const KeyFamily family = feild == QLatin1String("Time")
         ? KeyFamily::Time
-        : ((feild == fieldCode() || feild == fieldName()) ? KeyFamily::Text : KeyFamily::Number);
+        : ((feild == QLatin1String("Code") || feild == QLatin1String("Name")) ? KeyFamily::Text : KeyFamily::Number);
 
     // Decorate: every key is parsed exactly once.
     std::vector<SortItem> items(static_cast<size_t>(rows));
@@ -324,7 +298,7 @@ void UxTableModel::sort(int column, Qt::SortOrder order)
         bool isNull = false;
         switch (family) {
         case KeyFamily::Time: {
-            const QTime t = QTime::fromString(r.values.value(fieldTime()), Qt::ISODate);
+            const QTime t = QTime::fromString(r.values.value(QStringLiteral("Time")), Qt::ISODate);
             isNull = !t.isValid();
             item.msecs = t.msecsSinceStartOfDay();
             break;
@@ -433,7 +407,7 @@ int UxTableModel::findRow(const _TableData& row) const
 int UxTableModel::lastPriceColumn() const
 {
     for (int c = 3; c < m_headers.size(); ++c) {
-        if (m_headers.at(c).feild == fieldNow())
+        if (m_headers.at(c).feild == QLatin1String("Now"))
             return c;
     }
     return -1;
@@ -447,7 +421,8 @@ void UxTableModel::updateRow(const _TableData& row)
     if (r >= 0) {
         if (m_bgColorChangeEnabled && !m_isPageChanged) {
             const int column = lastPriceColumn();
-            if (column >= 0 && row.values.value(fieldNow()) != m_datas.at(r).values.value(fieldNow())) {
+            const QString now = QStringLiteral("Now");
+            if (column >= 0 && row.values.value(now) != m_datas.at(r).values.value(now)) {
                 const _TableHHeaderData& h = m_headers.at(column);
                 if (row.riseFall == 0)
                     m_bgColors.insert(index(r, column), h.riseBgColor);
