@@ -207,6 +207,7 @@ private Q_SLOTS:
     void rowEdits_data();
     void rowEdits();
     void rowSelectionAndClicks();
+    void quoteUpdatesThroughView();
     void saveRestoreAndSkin();
 };
 
@@ -1049,6 +1050,11 @@ void TstTableCore::headerClickRequestsSort()
     clickSection(header, 6);
     QCOMPARE(sortSpy.count(), 4);
 
+    // Columns out of range ask for an unsorted table and break nothing.
+    view.slotHHeaderClicked(99);
+    QCOMPARE(sortSpy.count(), 5);
+    QCOMPARE(sortSpy.at(4).at(0).value<_SubPageData>().sortFeild, QString());
+
     // A click at the top does not swallow the next scroll.
     log.clear();
     clickSection(frozenHeader, 2);
@@ -1086,6 +1092,16 @@ void TstTableCore::keys()
     UxTableView& view = shown.view;
     QSignalSpy clicked(&view, &UxTableView::sigTableViewClicked);
     QSignalSpy doubleClicked(&view, &UxTableView::sigTableViewDoubleClicked);
+
+    // Scroll bars show only while the mouse is over the table.
+    QScrollBar* bar = view.verticalScrollBar();
+    QVERIFY(bar->isHidden());
+    QEvent enter(QEvent::Enter);
+    QCoreApplication::sendEvent(&view, &enter);
+    QTRY_VERIFY(bar->isVisible());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&view, &leave);
+    QVERIFY(bar->isHidden());
 
     QTest::keyClick(&view, Qt::Key_Down); // nothing selected yet
     QCOMPARE(clicked.count(), 0);
@@ -1267,6 +1283,32 @@ void TstTableCore::rowSelectionAndClicks()
     view.slotCustomContextMenuRequested(cell.center());
     QCOMPARE(menu.count(), 1);
     QCOMPARE(menu.at(0).at(0).value<_TableData>().code, QStringLiteral("600004"));
+}
+
+void TstTableCore::quoteUpdatesThroughView()
+{
+    UxTableView view;
+    view.setHHeaderData(quoteColumns());
+    view.slotCreateTableData(makeRows(5));
+    view.setBackgroundColorChangedEnable(true);
+    UxTableModel* model = view.tableModel();
+    auto update = [](const QString& now) {
+        return QList<_TableData>{makeRow(QStringLiteral("600002"), 1, {{QStringLiteral("Now"), now}}, 1)};
+    };
+
+    // Rows that just arrived with a new page are not tinted.
+    view.slotUpdateTable(update(QStringLiteral("3.10")));
+    QCOMPARE(model->data(model->index(2, 3)).toString(), QStringLiteral("3.10"));
+    QVERIFY(!model->backgroundColorAt(model->index(2, 3)).isValid());
+    view.setIsPageChanged(false);
+    view.slotUpdateTable(update(QStringLiteral("3.20")));
+    QCOMPARE(model->backgroundColorAt(model->index(2, 3)), kFallBg);
+
+    QList<_TableData> renamed = makeRows(5);
+    renamed[4].name = QStringLiteral("Renamed");
+    view.slotUpdateAllTable(renamed);
+    QCOMPARE(model->data(model->index(4, 2)).toString(), QStringLiteral("Renamed"));
+    QCOMPARE(view.getTableDatas().size(), 5);
 }
 
 void TstTableCore::saveRestoreAndSkin()
