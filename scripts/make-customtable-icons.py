@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws the column settings dialog's check-box, move and close-button icons, into the library's compiled-in resources
+"""Draws the column settings dialog's check-box, move and close-button icons and the table's settings button, into the library's compiled-in resources
 (blue accent) and into the dark (blue on dark) and black (chocolate accent) skins. Run it again after changing a colour. """
 import os
 import sys
@@ -100,6 +100,21 @@ def arrows(folder, colour):
         write_png(os.path.join(folder, name + ".png"), SIZE, SIZE, layers((colour, covered(shape))))
 
 
+def gear(fx, fy):
+    import math
+    dx, dy = fx - 8.0, fy - 8.0
+    r = math.hypot(dx, dy)
+    angle = math.atan2(dy, dx)
+    # Eight teeth: the rim is 7 px out on a tooth and 5.2 px between them.
+    tooth = math.cos(angle * 8) > 0.3
+    return 2.4 <= r <= (7.0 if tooth else 5.2)
+
+
+def settings_button(folder, colour, hover):
+    write_png(os.path.join(folder, "table_setting.png"), SIZE, SIZE, layers((colour, covered(gear))))
+    write_png(os.path.join(folder, "table_setting_hover.png"), SIZE, SIZE, layers((hover, covered(gear))))
+
+
 SETS = {
     # folder: (accent, accent when hovered, unchecked frame, its hover frame, unchecked fill)
     os.path.join(ROOT, "uicomponents", "resources", "images"):
@@ -118,6 +133,7 @@ def main():
         checkbox_unchecked(os.path.join(folder, "checkbox_unchecked.png"), frame, fill)
         checkbox_unchecked(os.path.join(folder, "checkbox_unchecked_hover.png"), frame_hover, fill)
         arrows(folder, frame)
+        settings_button(folder, frame, accent)
     images = os.path.join(ROOT, "uicomponents", "resources", "images")
     close_icon(os.path.join(images, "close_noraml.png"), (138, 144, 153))
     close_icon(os.path.join(images, "close_hover.png"), (255, 255, 255), (232, 17, 35))
