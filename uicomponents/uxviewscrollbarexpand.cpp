@@ -55,10 +55,13 @@ void UxViewScrollbarExpand::InitView()
     m_pView->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pView->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_pView->setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
-    connect(m_pView.data(), &QAbstractItemView::clicked, this, [this]() {
-        ShowScrollbar();
-        UpdateScrollbarState();
-    });
+    if (!m_pVScrollBar) {
+        // Only once: InitView may be called again.
+        connect(m_pView.data(), &QAbstractItemView::clicked, this, [this]() {
+            ShowScrollbar();
+            UpdateScrollbarState();
+        });
+    }
     initVScrollbar();
     initHScrollbar();
 }
@@ -121,30 +124,41 @@ int UxViewScrollbarExpand::headerHeight() const
     return header->height();
 }
 
+QScrollBar* UxViewScrollbarExpand::makeOverlay(Qt::Orientation orientation, QScrollBar* own, const char* slot)
+{
+    auto* bar = new QScrollBar(orientation, m_pView);
+    if (orientation == Qt::Vertical) {
+        bar->setObjectName(QStringLiteral("UxViewScrollbarExpandV"));
+        bar->setFixedWidth(kBarThickness);
+    } else {
+        bar->setObjectName(QStringLiteral("UxViewScrollbarExpandH"));
+        bar->setFixedHeight(kBarThickness);
+    }
+    bar->setTracking(false);
+    bar->setRange(own->minimum(), own->maximum());
+    bar->setValue(own->value());
+    connect(bar, SIGNAL(sliderMoved(int)), this, slot);
+    connect(bar, SIGNAL(valueChanged(int)), this, slot);
+    connect(bar, &QScrollBar::sliderPressed, this, [this]() {
+        ShowScrollbar();
+        UpdateScrollbarState();
+    });
+    connect(own, &QScrollBar::valueChanged, bar, &QScrollBar::setValue);
+    connect(own, &QScrollBar::rangeChanged, bar, &QScrollBar::setRange);
+    bar->hide();
+    return bar;
+}
+
 void UxViewScrollbarExpand::initVScrollbar()
 {
     if (!m_pView)
         return;
-    QScrollBar* own = m_pView->verticalScrollBar();
     if (!m_pVScrollBar) {
-        m_pVScrollBar = new QScrollBar(Qt::Vertical, m_pView);
-        m_pVScrollBar->setObjectName(QStringLiteral("UxViewScrollbarExpandV"));
-        m_pVScrollBar->setFixedWidth(kBarThickness);
-        m_pVScrollBar->setTracking(false);
-        m_pVScrollBar->setRange(own->minimum(), own->maximum());
-        m_pVScrollBar->setValue(own->value());
-        connect(m_pVScrollBar, SIGNAL(sliderMoved(int)), this, SLOT(slotValueChanged(int)));
-        connect(m_pVScrollBar, SIGNAL(valueChanged(int)), this, SLOT(slotValueChanged(int)));
-        connect(m_pVScrollBar, &QScrollBar::sliderPressed, this, [this]() {
-            ShowScrollbar();
-            UpdateScrollbarState();
-        });
-        connect(own, &QScrollBar::valueChanged, m_pVScrollBar, &QScrollBar::setValue);
-        connect(own, &QScrollBar::rangeChanged, m_pVScrollBar, &QScrollBar::setRange);
+        QScrollBar* own = m_pView->verticalScrollBar();
+        m_pVScrollBar = makeOverlay(Qt::Vertical, own, SLOT(slotValueChanged(int)));
         // Owners listening to the view's own slider still see drags.
         connect(m_pVScrollBar, &QScrollBar::sliderPressed, own, &QScrollBar::sliderPressed);
         connect(m_pVScrollBar, &QScrollBar::sliderReleased, own, &QScrollBar::sliderReleased);
-        m_pVScrollBar->hide();
     }
     const int h = headerHeight();
     m_pVScrollBar->resize(m_pVScrollBar->width(), m_pView->height() - h);
@@ -155,24 +169,10 @@ void UxViewScrollbarExpand::initHScrollbar()
 {
     if (!m_pView)
         return;
-    QScrollBar* own = m_pView->horizontalScrollBar();
     if (!m_pHScrollBar) {
-        own->hide();
-        m_pHScrollBar = new QScrollBar(Qt::Horizontal, m_pView);
-        m_pHScrollBar->setObjectName(QStringLiteral("UxViewScrollbarExpandH"));
-        m_pHScrollBar->setFixedHeight(kBarThickness);
-        m_pHScrollBar->setTracking(false);
-        m_pHScrollBar->setRange(own->minimum(), own->maximum());
-        m_pHScrollBar->setValue(own->value());
-        connect(m_pHScrollBar, SIGNAL(sliderMoved(int)), this, SLOT(slotHorizentalValueChanged(int)));
-        connect(m_pHScrollBar, SIGNAL(valueChanged(int)), this, SLOT(slotHorizentalValueChanged(int)));
-        connect(m_pHScrollBar, &QScrollBar::sliderPressed, this, [this]() {
-            ShowScrollbar();
-            UpdateScrollbarState();
-        });
-        connect(own, &QScrollBar::valueChanged, m_pHScrollBar, &QScrollBar::setValue);
-        connect(own, &QScrollBar::rangeChanged, m_pHScrollBar, &QScrollBar::setRange);
-        m_pHScrollBar->hide();
+        m_pView->horizontalScrollBar()->hide();
+        m_pHScrollBar = makeOverlay(Qt::Horizontal, m_pView->horizontalScrollBar(),
+                                    SLOT(slotHorizentalValueChanged(int)));
     }
     const int vWidth = m_pVScrollBar ? m_pVScrollBar->width() : 0;
     m_pHScrollBar->resize(m_pView->width() - vWidth, m_pHScrollBar->height());

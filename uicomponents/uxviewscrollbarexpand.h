@@ -61,6 +61,7 @@ private:
     void initVScrollbar();
     void initHScrollbar();
     int headerHeight() const;
+    QScrollBar* makeOverlay(Qt::Orientation orientation, QScrollBar* own, const char* slot);
 
 private Q_SLOTS:
     void slotValueChanged(int value);

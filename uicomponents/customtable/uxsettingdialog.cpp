@@ -218,30 +218,26 @@ void UxSettingDialog::slotBtnTopClicked()
 
 void UxSettingDialog::slotBtnUpClicked()
 {
-    QListWidgetItem* item = movableItem();
-    if (!item)
-        return;
-    const int row = ui->listWidget->row(item);
-    if (row <= 0)
-        return;
-    QListWidgetItem* upper = ui->listWidget->item(row - 1);
-    swapItems(item, upper);
-    ui->listWidget->setCurrentItem(upper);
-    ui->listWidget->scrollToItem(upper);
-    emit sigItemChanged();
+    moveSelectedBy(-1);
 }
 
 void UxSettingDialog::slotBtnDownClicked()
+{
+    moveSelectedBy(1);
+}
+
+void UxSettingDialog::moveSelectedBy(int step)
 {
     QListWidgetItem* item = movableItem();
     if (!item)
         return;
     const int row = ui->listWidget->row(item);
-    if (row < 0 || row >= ui->listWidget->count() - 1)
+    const int target = row + step;
+    if (row < 0 || target < 0 || target >= ui->listWidget->count())
         return;
-    QListWidgetItem* lower = ui->listWidget->item(row + 1);
-    swapItems(item, lower);
-    ui->listWidget->setCurrentItem(lower);
-    ui->listWidget->scrollToItem(lower);
+    QListWidgetItem* other = ui->listWidget->item(target);
+    swapItems(item, other);
+    ui->listWidget->setCurrentItem(other);
+    ui->listWidget->scrollToItem(other);
     emit sigItemChanged();
 }

@@ -62,6 +62,8 @@ private:
     void clearAllItems();
     QListWidgetItem* movableItem() const;
     void swapItems(QListWidgetItem* a, QListWidgetItem* b);
+    // Exchanges the selected checked item with its neighbour STEP rows away.
+    void moveSelectedBy(int step);
     QWidget* titleLabel(int index) const;
 
     Ui::UxSettingDialog* ui;
