@@ -2,8 +2,10 @@
 // QVariant and in queued signals. The compiled-in resources register
 // themselves from their own generated source.
 
+#include "quickmacroitem.h"
 #include "uxtabledefines.h"
 
+#include <QLineEdit>
 #include <QMetaType>
 #include <QtGlobal>
 
@@ -18,5 +20,8 @@ static void uicomponentsRegisterTypes()
     qRegisterMetaType<_SubPageData>("SubPageData");
     qRegisterMetaType<_SubPageData>("_SubPageData");
     qRegisterMetaType<UxHeaderSort>("UxHeaderSort");
+    qRegisterMetaType<quickMacroItem>("quickMacroItem");
+    qRegisterMetaType<quickMacroItem*>("quickMacroItem*");
+    qRegisterMetaType<QLineEdit*>("QLineEdit*");
 }
 Q_CONSTRUCTOR_FUNCTION(uicomponentsRegisterTypes)
