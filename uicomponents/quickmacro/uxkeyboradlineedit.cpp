@@ -8,7 +8,6 @@
 #include <QCompleter>
 #include <QDebug>
 #include <QKeyEvent>
-#include <QPointer>
 #include <QSortFilterProxyModel>
 
 UxKeyBoradLineEdit::UxKeyBoradLineEdit(QWidget* parent)
@@ -24,15 +23,8 @@ UxKeyBoradLineEdit::UxKeyBoradLineEdit(QWidget* parent)
     UxCore::instance()->addStyle2View(this, QStringLiteral("controls/quickmacro.css"));
 }
 
-UxKeyBoradLineEdit::~UxKeyBoradLineEdit()
-{
-    // The completer's popup is a parentless window: make sure it goes too.
-    QPointer<QuickMacroView> view = m_view;
-    setCompleter(nullptr);
-    delete m_completer;
-    m_completer = nullptr;
-    delete view.data();
-}
+// The completer (a child) deletes its popup window with it.
+UxKeyBoradLineEdit::~UxKeyBoradLineEdit() = default;
 
 void UxKeyBoradLineEdit::initUi()
 {

@@ -178,8 +178,10 @@ void UxKeyBoradSprit::onAttachedDestroyed(QObject* lineEdit)
 {
     m_attached.remove(lineEdit);
     m_watched.remove(lineEdit);
-    if (property("root").value<QLineEdit*>() == lineEdit)
+    if (lineEdit == m_root) {
+        m_root = nullptr;
         setProperty("root", QVariant::fromValue<QLineEdit*>(nullptr));
+    }
     setParent(nullptr);
 }
 
@@ -192,6 +194,7 @@ void UxKeyBoradSprit::showWithParent(QWidget* lineEdit)
         return;
     }
 
+    m_root = lineEdit;
     setProperty("root", QVariant::fromValue(qobject_cast<QLineEdit*>(lineEdit)));
     QWidget* window = lineEdit->window();
     setParent(window);

@@ -94,6 +94,7 @@ private:
     std::unique_ptr<UxQuickMacroMatcher> m_matcher;
     QSet<QObject*> m_attached; // line edits whose text handler is connected
     QSet<QObject*> m_watched;  // line edits whose destruction is watched
+    const QObject* m_root = nullptr; // identity of the "root" line edit, never dereferenced
 };
 
 #endif // UXKEYBORADSPRIT_H
