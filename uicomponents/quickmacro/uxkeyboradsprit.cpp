@@ -73,10 +73,8 @@ void UxKeyBoradSprit::updateResult(const QString& text)
 
 QString UxKeyBoradSprit::dbClicked(QModelIndex index, bool needOpenPage)
 {
-    if (!index.isValid() || index.row() < 0 || index.row() >= m_result.size())
-        return QString();
-    const quickMacroItem* hit = m_result.at(index.row());
-    if (!UxQuickMacroMatcher::isUsable(hit))
+    const quickMacroItem* hit = UxQuickMacroMatcher::hitAt(m_result, index);
+    if (!hit)
         return QString();
     if (needOpenPage)
         emit signalStockSelected(hit->url, m_type);

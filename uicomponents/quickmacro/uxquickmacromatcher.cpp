@@ -59,6 +59,14 @@ bool UxQuickMacroMatcher::isUsable(const quickMacroItem* item)
     return item && item->texts.size() >= 4;
 }
 
+const quickMacroItem* UxQuickMacroMatcher::hitAt(const QVector<quickMacroItem*>& hits, const QModelIndex& index)
+{
+    if (!index.isValid() || index.row() < 0 || index.row() >= hits.size())
+        return nullptr;
+    const quickMacroItem* hit = hits.at(index.row());
+    return isUsable(hit) ? hit : nullptr;
+}
+
 void UxQuickMacroMatcher::setDictionary(const QVector<quickMacroItem*>& dict)
 {
     m_dict = dict;

@@ -3,6 +3,7 @@
 
 #include "quickmacroitem.h"
 
+#include <QModelIndex>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -41,6 +42,9 @@ public:
 
     // Not null and holding at least the kind, code, name and key texts.
     static bool isUsable(const quickMacroItem* item);
+    // The usable hit on INDEX's row of HITS, or null (invalid index, a row
+    // outside the hits, an unusable record).
+    static const quickMacroItem* hitAt(const QVector<quickMacroItem*>& hits, const QModelIndex& index);
 
 private:
     enum Field { Code, Name, Key, FieldCount };
