@@ -3,6 +3,7 @@
 // themselves from their own generated source.
 
 #include "quickmacroitem.h"
+#include "uxmessagedefines.h"
 #include "uxtabledefines.h"
 
 #include <QLineEdit>
@@ -20,6 +21,8 @@ static void uicomponentsRegisterTypes()
     qRegisterMetaType<_SubPageData>("SubPageData");
     qRegisterMetaType<_SubPageData>("_SubPageData");
     qRegisterMetaType<UxHeaderSort>("UxHeaderSort");
+    qRegisterMetaType<tagMessage>("Message");
+    qRegisterMetaType<tagMessage>("tagMessage");
     qRegisterMetaType<quickMacroItem>("quickMacroItem");
     qRegisterMetaType<quickMacroItem*>("quickMacroItem*");
     qRegisterMetaType<QLineEdit*>("QLineEdit*");
