@@ -2,10 +2,7 @@
 
 #include "datadelegate.h"
 #include "datamodel.h"
-#if __has_include("uxviewscrollbarexpand.h") // TEMP until the scroll helpers land
 #include "uxviewscrollbarexpand.h"
-#define UX_HAVE_EXPAND
-#endif
 
 #include <QDebug>
 #include <QHeaderView>
@@ -37,9 +34,7 @@ QuickMacroView::QuickMacroView(QWidget* parent)
     setColumnWidth(2, 150);
     horizontalHeader()->setStretchLastSection(true);
 
-#ifdef UX_HAVE_EXPAND
     new UxViewScrollbarExpand(this, this);
-#endif
 }
 
 void QuickMacroView::setTableData(const QVector<quickMacroItem*>& items, const QStringList& groupNames,
