@@ -34,11 +34,17 @@ void InvokerBase::invoke(QObject* target, const char* method)
         qDebug() << Q_FUNC_INFO << "too many arguments:" << m_args.size();
         return;
     }
+    QByteArray signature = QByteArray(method) + '(';
+    for (int i = 0; i < m_args.size(); ++i)
+        signature += (i ? "," : "") + m_args[i].type;
+    signature += ')';
+    if (target->metaObject()->indexOfMethod(QMetaObject::normalizedSignature(signature.constData())) < 0) {
+        qDebug() << Q_FUNC_INFO << "no such method:" << target->metaObject()->className() << signature;
+        return;
+    }
     QGenericArgument a[10];
     for (int i = 0; i < m_args.size(); ++i)
         a[i] = QGenericArgument(m_args[i].type.constData(), m_args[i].value);
-    const bool ok = QMetaObject::invokeMethod(target, method, Qt::DirectConnection,
-                                              a[0], a[1], a[2], a[3], a[4], a[5], a[6], a[7], a[8], a[9]);
-    if (!ok)
-        qDebug() << Q_FUNC_INFO << "no such method:" << target->metaObject()->className() << method;
+    QMetaObject::invokeMethod(target, method, Qt::DirectConnection, a[0], a[1], a[2], a[3], a[4], a[5], a[6], a[7],
+                              a[8], a[9]);
 }

@@ -81,7 +81,7 @@ void UxTableDataManager::setUserFileName(const QString& fileName)
     loadConfig(m_userFileName, m_userList);
     // Remember a damaged file so that the next save keeps it aside first.
     m_userFileDamaged = false;
-    if (m_userList.isEmpty() && !fileName.isEmpty() && QFileInfo::exists(fileName)) {
+    if (m_userList.isEmpty() && !fileName.isEmpty() && QFileInfo(fileName).isFile()) {
         QFile f(fileName);
         if (f.open(QIODevice::ReadOnly)) {
             QJsonParseError error;

@@ -1,0 +1,24 @@
+// An outside client: both umbrella headers, the host core and one exported
+// class of the library, linked from the installed package.
+#include <uicomponents/uicomponents.h>
+#include <uxcore/uxcore.h>
+
+#include <QMetaType>
+#include <QWidget>
+#include <cstdio>
+
+int main(int argc, char** argv)
+{
+    UxApplication app(argc, argv);
+    QWidget window;
+    UxCore::instance()->setMainWindow(&window);
+    const bool typesRegistered = QMetaType::type("TableData") != QMetaType::UnknownType;
+    const bool managerWorks = UxTableDataManager::getInstance()->getTableHeaderData().isEmpty();
+    const bool hostWorks = UxApplication::uxmainWindow() == &window;
+    if (!typesRegistered || !managerWorks || !hostWorks) {
+        std::printf("consumer: failed %d %d %d\n", typesRegistered, managerWorks, hostWorks);
+        return 1;
+    }
+    std::printf("consumer: ok\n");
+    return 0;
+}
