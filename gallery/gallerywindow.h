@@ -1,0 +1,55 @@
+#ifndef GALLERYWINDOW_H
+#define GALLERYWINDOW_H
+
+#include <QMainWindow>
+#include <QVector>
+
+class QActionGroup;
+class QLabel;
+class QListWidget;
+class QStackedWidget;
+class MarketSimulator;
+
+// The demo client's main window: registered with the host core, a skin menu
+// that switches live, one page per widget family, and openStringUrl() for
+// the pages the library asks the host to open.
+class GalleryWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit GalleryWindow(QWidget* parent = nullptr);
+    ~GalleryWindow() override;
+
+    struct Page
+    {
+        QString id;      // file-name friendly
+        QString caption; // shown in the navigation list
+        QWidget* widget;
+    };
+    const QVector<Page>& pages() const { return m_pages; }
+    void showPage(int index);
+    MarketSimulator* market() const { return m_market; }
+
+    // Renders every page in every skin to DIR/<page>-<skin>.png.
+    bool writeScreenshots(const QString& dir);
+
+    Q_INVOKABLE void openStringUrl(const QString& url);
+    QString lastOpenedUrl() const { return m_lastUrl; }
+
+public slots:
+    void switchSkin(const QString& id);
+
+private:
+    void addPage(const QString& id, const QString& caption, QWidget* page);
+    void buildMenus();
+
+    MarketSimulator* m_market = nullptr;
+    QListWidget* m_nav = nullptr;
+    QStackedWidget* m_stack = nullptr;
+    QLabel* m_urlLabel = nullptr;
+    QActionGroup* m_skinGroup = nullptr;
+    QVector<Page> m_pages;
+    QString m_lastUrl;
+};
+
+#endif // GALLERYWINDOW_H
