@@ -2,6 +2,7 @@
 // QVariant and in queued signals. The compiled-in resources register
 // themselves from their own generated source.
 
+#include "uxmessagedefines.h"
 #include "uxtabledefines.h"
 
 #include <QMetaType>
@@ -18,5 +19,7 @@ static void uicomponentsRegisterTypes()
     qRegisterMetaType<_SubPageData>("SubPageData");
     qRegisterMetaType<_SubPageData>("_SubPageData");
     qRegisterMetaType<UxHeaderSort>("UxHeaderSort");
+    qRegisterMetaType<tagMessage>("Message");
+    qRegisterMetaType<tagMessage>("tagMessage");
 }
 Q_CONSTRUCTOR_FUNCTION(uicomponentsRegisterTypes)

@@ -1,0 +1,23 @@
+#!/usr/bin/env python3
+"""Draws the chrome tests' stand-in shadow pieces: small opaque squares, one plain colour per piece, so a test can tell
+from a pixel which piece covers it."""
+import os
+
+from pngwriter import write_png
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+OUT = os.path.join(ROOT, "tests", "chrome", "bg")
+
+PIECES = {
+    "shadow_top_left": (255, 0, 0),
+    "shadow_left": (0, 255, 0),
+    "shadow_bottom_left": (0, 0, 255),
+    "shadow_top": (255, 255, 0),
+    "shadow_bottom": (0, 255, 255),
+    "shadow_right": (255, 0, 255),
+    "shadow_top_right": (128, 0, 0),
+    "shadow_bottom_right": (0, 128, 0),
+}
+
+for name, rgb in PIECES.items():
+    write_png(os.path.join(OUT, name + ".png"), 4, 4, lambda x, y, c=rgb: c + (255,))

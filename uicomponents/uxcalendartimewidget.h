@@ -1,0 +1,129 @@
+#ifndef UXCALENDARTIMEWIDGET_H
+#define UXCALENDARTIMEWIDGET_H
+
+#include "uicomponents_export.h"
+
+#include <QCalendarWidget>
+#include <QColor>
+#include <QDateTime>
+#include <QPointer>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class UxTimeEditPopEdit;
+
+// The month calendar of the date edits: its own top bar (year and month
+// buttons and combo boxes), an optional time row (hour, minute and second
+// fields with pop-up grids) and an optional bottom bar ("现在", "清空",
+// "确定"). Day cells are painted here, in colours that follow the host's skin.
+// The chosen value leaves only through signalSetCalendarTime and
+// signalClearDateTime.
+//
+// Navigation forward stops at today; backward at the minimum date's year. The
+// year list leaves out the maximum year when the range spans several years.
+//
+// Our choices:
+// - the time row is filled at construction (current time within the bounds);
+// - the weekday header follows colours a style sheet sets (qproperty-lbColor...)
+//   as soon as the sheet is applied;
+// - a combo text that is not a number never moves the page (the month box also
+//   needs a year inside the calendar's range);
+// - an invalid bound passed to setCalendarMinDate/setCalendarMaxDate is logged
+//   and ignored.
+class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
+{
+    Q_OBJECT
+    Q_PROPERTY(QColor baseColor READ baseColor WRITE setBaseColor)
+    Q_PROPERTY(QColor lbColor READ lbColor WRITE setLbColor)
+    Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor)
+    Q_PROPERTY(QColor bgColor READ bgColor WRITE setBgColor)
+    Q_PROPERTY(QColor selectColor READ selectColor WRITE setSelectColor)
+    Q_PROPERTY(QColor weekendColor READ weekendColor WRITE setWeekendColor)
+public:
+    UxCalendarTimeWidget(QWidget* parent, bool isDateYes, bool showBottom);
+    // Bare calendar: no controls, no date range; both flags set.
+    UxCalendarTimeWidget();
+    ~UxCalendarTimeWidget() override;
+
+    bool isDateYes();
+    void setCalendarMinDate(const QDateTime& dt);
+    void setCalendarMaxDate(const QDateTime& dt);
+    void updateTimeEditTimer();
+
+    QColor baseColor() const;
+    void setBaseColor(const QColor& color);
+    QColor lbColor() const;
+    void setLbColor(const QColor& color);
+    QColor lineColor() const;
+    void setLineColor(const QColor& color);
+    QColor bgColor() const;
+    void setBgColor(const QColor& color);
+    QColor selectColor() const;
+    void setSelectColor(const QColor& color);
+    QColor weekendColor() const;
+    void setWeekendColor(const QColor& color);
+
+Q_SIGNALS:
+    void signalSetCalendarTime(const QDateTime& data);
+    void signalClearDateTime();
+
+protected:
+    bool event(QEvent* event) override;
+    void paintCell(QPainter* painter, const QRect& rect, const QDate& date) const override;
+    void paintEvent(QPaintEvent* event) override;
+
+private Q_SLOTS:
+    void onUpdateHMSmmTime(const QDate& date);
+    void onHHTimeSelect(int hour);
+    void onMMTimeSelect(int minute);
+    void onSSTimeSelect(int second);
+
+private:
+    void initControl();
+    void initTopWidget();
+    void initTimeEditWidget();
+    void initBottomWidget();
+    void updateStyle();
+    void updateYearsCombox();
+    QStringList getYears();
+    void setDataLabelTimeText(int year, int month);
+
+    void onPrevYear();
+    void onPrevMonth();
+    void onNextYear();
+    void onNextMonth();
+    void onYearTextChanged(const QString& text);
+    void onMonthTextChanged(const QString& text);
+    void onNowClicked();
+    void onClearClicked();
+    void onEnsureClicked();
+    void composeTime(int hour, int minute, int second);
+    int comboYear() const;
+    int comboMonth() const;
+
+    QColor m_weekendColor;
+    QColor m_baseColor;
+    QColor m_lbColor;
+    QColor m_lineColor;
+    QColor m_bgColor;
+    QColor m_selectColor;
+    QPushButton* m_leftYearBtn = nullptr;
+    QPushButton* m_leftMonthBtn = nullptr;
+    QPushButton* m_rightYearBtn = nullptr;
+    QPushButton* m_rightMonthBtn = nullptr;
+    QLabel* m_yearLabel = nullptr;
+    QLabel* m_monthLabel = nullptr;
+    QComboBox* m_yearCombo = nullptr;
+    QComboBox* m_monthCombo = nullptr;
+    UxTimeEditPopEdit* m_hhEdit = nullptr;
+    UxTimeEditPopEdit* m_mmEdit = nullptr;
+    UxTimeEditPopEdit* m_ssEdit = nullptr;
+    QPointer<QWidget> m_owner;
+    QDateTime m_minDateTime;
+    QDateTime m_maxDateTime;
+    bool m_isDateYes = true;
+    bool m_showBottom = true;
+};
+
+#endif // UXCALENDARTIMEWIDGET_H
