@@ -1,11 +1,16 @@
 #include "gallerywindow.h"
 
+#include "chromepage.h"
+#include "datetimepage.h"
 #include "marketsimulator.h"
 #include "quotespage.h"
 
+#include <uicomponents/uxlooplabels.h>
 #include <uxcore/uxcore.h>
 
 #include <QActionGroup>
+#include <iterator>
+#include <QDateTime>
 #include <QApplication>
 #include <QDebug>
 #include <QDir>
@@ -16,6 +21,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QThread>
+#include <QTimer>
 
 GalleryWindow::GalleryWindow(QWidget* parent)
     : QMainWindow(parent)
@@ -44,11 +50,60 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     statusBar()->addPermanentWidget(m_urlLabel);
 
     addPage(QStringLiteral("quotes"), QStringLiteral("行情报价"), new QuotesPage(m_market, statusBar(), m_stack));
+    addPage(QStringLiteral("datetime"), QStringLiteral("日期时间"), new DateTimePage(m_stack));
+    addPage(QStringLiteral("chrome"), QStringLiteral("窗口与标签"), new ChromePage(m_stack));
 
     connect(m_nav, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
     m_nav->setCurrentRow(0);
     buildMenus();
+    buildTicker();
     resize(1360, 820);
+    UxCore::instance()->addStyle2View(this, QStringLiteral("gallery/gallery.css"));
+}
+
+void GalleryWindow::buildTicker()
+{
+    m_ticker = new UxLoopLabels(this);
+    m_ticker->setObjectName(QStringLiteral("galleryTicker"));
+    m_ticker->setFixedHeight(22);
+    m_ticker->setMinimumWidth(420);
+    statusBar()->addWidget(m_ticker, 1);
+    connect(m_ticker, &UxLoopLabels::sigClickedMsg, m_ticker, &UxLoopLabels::slotClickedMsg);
+    // Notices keep arriving while the client runs.
+    m_newsTimer = new QTimer(this);
+    m_newsTimer->setInterval(6000);
+    connect(m_newsTimer, &QTimer::timeout, this, &GalleryWindow::postNextMessage);
+    for (int i = 0; i < 3; ++i)
+        postNextMessage();
+    m_newsTimer->start();
+}
+
+void GalleryWindow::postNextMessage()
+{
+    static const struct
+    {
+        const char* type;
+        int level;
+        const char* text;
+    } news[] = {
+        {"1", 0, "中华科技: 关于召开年度股东大会的通知"},
+        {"2", 1, "价格预警: 东方能源 突破 12.50 元"},
+        {"3", 4, "紧急公告: 南北银行 临时停牌"},
+        {"4", 0, "研报: 光伏行业景气度持续回升"},
+        {"1", 1, "异动: 金江证券 五分钟涨速超过 3%"},
+        {"2", 0, "新股申购: 明德医药 今日申购"},
+        {"3", 4, "风险提示: 康宁汽车 收到监管问询函"},
+    };
+    const auto& n = news[m_nextMessage % int(std::size(news))];
+    tagMessage msg;
+    msg.msgId = QString::number(m_nextMessage);
+    msg.msgType = QString::fromLatin1(n.type);
+    msg.level = n.level;
+    msg.levelText = QString::number(n.level);
+    msg.time = QDateTime::currentDateTime().addSecs(m_nextMessage).toString(QStringLiteral("yyyy/MM/dd hh:mm:ss"));
+    msg.content = QString::fromUtf8(n.text);
+    m_ticker->addMessages(msg);
+    ++m_nextMessage;
 }
 
 GalleryWindow::~GalleryWindow()

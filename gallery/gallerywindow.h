@@ -1,6 +1,8 @@
 #ifndef GALLERYWINDOW_H
 #define GALLERYWINDOW_H
 
+#include <uxcore/iuxskin.h>
+
 #include <QMainWindow>
 #include <QVector>
 
@@ -9,13 +11,16 @@ class QLabel;
 class QListWidget;
 class QStackedWidget;
 class MarketSimulator;
+class QTimer;
+class UxLoopLabels;
 
 // The demo client's main window: registered with the host core, a skin menu
 // that switches live, one page per widget family, and openStringUrl() for
 // the pages the library asks the host to open.
-class GalleryWindow : public QMainWindow
+class GalleryWindow : public QMainWindow, public IUxSkin
 {
     Q_OBJECT
+    Q_INTERFACES(IUxSkin)
 public:
     explicit GalleryWindow(QWidget* parent = nullptr);
     ~GalleryWindow() override;
@@ -29,6 +34,7 @@ public:
     const QVector<Page>& pages() const { return m_pages; }
     void showPage(int index);
     MarketSimulator* market() const { return m_market; }
+    UxLoopLabels* ticker() const { return m_ticker; }
 
     // Renders every page in every skin to DIR/<page>-<skin>.png.
     bool writeScreenshots(const QString& dir);
@@ -42,12 +48,17 @@ public slots:
 private:
     void addPage(const QString& id, const QString& caption, QWidget* page);
     void buildMenus();
+    void buildTicker();
+    void postNextMessage();
 
     MarketSimulator* m_market = nullptr;
     QListWidget* m_nav = nullptr;
     QStackedWidget* m_stack = nullptr;
     QLabel* m_urlLabel = nullptr;
     QActionGroup* m_skinGroup = nullptr;
+    UxLoopLabels* m_ticker = nullptr;
+    QTimer* m_newsTimer = nullptr;
+    int m_nextMessage = 0;
     QVector<Page> m_pages;
     QString m_lastUrl;
 };
