@@ -171,3 +171,9 @@ void ChromePage::openPopup()
     m_popup->show();
     m_popup->raise();
 }
+
+void ChromePage::closePopup()
+{
+    if (m_popup)
+        m_popup->hide();
+}

@@ -17,6 +17,7 @@ public:
 
     // Opens the frameless pop-up (also used by the screenshots).
     void openPopup();
+    void closePopup();
 
 private:
     QWidget* buildSlides();

@@ -2,6 +2,7 @@
 
 #include "chromepage.h"
 #include "datetimepage.h"
+#include "dialogspage.h"
 #include "marketsimulator.h"
 #include "quotespage.h"
 
@@ -10,6 +11,7 @@
 
 #include <QActionGroup>
 #include <iterator>
+#include <memory>
 #include <QDateTime>
 #include <QApplication>
 #include <QDebug>
@@ -17,6 +19,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPainter>
+#include <QPointer>
 #include <QMenuBar>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -51,7 +55,14 @@ GalleryWindow::GalleryWindow(QWidget* parent)
 
     addPage(QStringLiteral("quotes"), QStringLiteral("行情报价"), new QuotesPage(m_market, statusBar(), m_stack));
     addPage(QStringLiteral("datetime"), QStringLiteral("日期时间"), new DateTimePage(m_stack));
-    addPage(QStringLiteral("chrome"), QStringLiteral("窗口与标签"), new ChromePage(m_stack));
+    auto* dialogs = new DialogsPage(m_stack);
+    auto sampleBox = std::make_shared<QPointer<QWidget>>();
+    addPage(QStringLiteral("dialogs"), QStringLiteral("对话框"), dialogs,
+            [dialogs, sampleBox] { *sampleBox = dialogs->showSampleBox(); },
+            [sampleBox] { if (*sampleBox) (*sampleBox)->close(); });
+    auto* chrome = new ChromePage(m_stack);
+    addPage(QStringLiteral("chrome"), QStringLiteral("窗口与标签"), chrome, [chrome] { chrome->openPopup(); },
+            [chrome] { chrome->closePopup(); });
 
     connect(m_nav, &QListWidget::currentRowChanged, m_stack, &QStackedWidget::setCurrentIndex);
     m_nav->setCurrentRow(0);
@@ -112,10 +123,11 @@ GalleryWindow::~GalleryWindow()
         UxCore::instance()->setMainWindow(nullptr);
 }
 
-void GalleryWindow::addPage(const QString& id, const QString& caption, QWidget* page)
+void GalleryWindow::addPage(const QString& id, const QString& caption, QWidget* page,
+                            std::function<void()> beforeShot, std::function<void()> afterShot)
 {
     page->setObjectName(id + QStringLiteral("Page"));
-    m_pages.append({id, caption, page});
+    m_pages.append({id, caption, page, std::move(beforeShot), std::move(afterShot)});
     m_stack->addWidget(page);
     m_nav->addItem(caption);
 }
@@ -174,13 +186,18 @@ bool GalleryWindow::writeScreenshots(const QString& dir)
         switchSkin(skin);
         for (int i = 0; i < m_pages.size(); ++i) {
             showPage(i);
+            if (m_pages[i].beforeShot)
+                m_pages[i].beforeShot();
             // Let timers, animations and pending layouts settle before grabbing.
-            for (int n = 0; n < 8; ++n) {
+            for (int n = 0; n < 10; ++n) {
                 QApplication::processEvents();
                 QThread::msleep(40);
             }
             const QString file = dir + QLatin1Char('/') + m_pages[i].id + QLatin1Char('-') + skin + QStringLiteral(".png");
-            if (!grab().save(file)) {
+            const QPixmap shot = grabWithPopups();
+            if (m_pages[i].afterShot)
+                m_pages[i].afterShot();
+            if (!shot.save(file)) {
                 qDebug() << Q_FUNC_INFO << "cannot write" << file;
                 ok = false;
             }
@@ -188,4 +205,20 @@ bool GalleryWindow::writeScreenshots(const QString& dir)
     }
     switchSkin(startSkin);
     return ok;
+}
+
+QPixmap GalleryWindow::grabWithPopups()
+{
+    // The window, with the pop-ups and dialogs that float over it painted in
+    // where the user sees them.
+    QPixmap shot = grab();
+    QPainter painter(&shot);
+    const QPoint origin = mapToGlobal(QPoint(0, 0));
+    const QWidgetList tops = QApplication::topLevelWidgets();
+    for (QWidget* w : tops) {
+        if (w == this || !w->isVisible() || w->width() <= 1)
+            continue;
+        painter.drawPixmap(w->mapToGlobal(QPoint(0, 0)) - origin, w->grab());
+    }
+    return shot;
 }

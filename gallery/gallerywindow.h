@@ -6,6 +6,8 @@
 #include <QMainWindow>
 #include <QVector>
 
+#include <functional>
+
 class QActionGroup;
 class QLabel;
 class QListWidget;
@@ -30,6 +32,9 @@ public:
         QString id;      // file-name friendly
         QString caption; // shown in the navigation list
         QWidget* widget;
+        // Opens the page's pop-ups before its screenshot and closes them after.
+        std::function<void()> beforeShot;
+        std::function<void()> afterShot;
     };
     const QVector<Page>& pages() const { return m_pages; }
     void showPage(int index);
@@ -46,7 +51,9 @@ public slots:
     void switchSkin(const QString& id);
 
 private:
-    void addPage(const QString& id, const QString& caption, QWidget* page);
+    void addPage(const QString& id, const QString& caption, QWidget* page,
+                 std::function<void()> beforeShot = {}, std::function<void()> afterShot = {});
+    QPixmap grabWithPopups();
     void buildMenus();
     void buildTicker();
     void postNextMessage();
