@@ -2,9 +2,11 @@
 // QVariant and in queued signals. The compiled-in resources register
 // themselves from their own generated source.
 
+#include "quickmacroitem.h"
 #include "uxmessagedefines.h"
 #include "uxtabledefines.h"
 
+#include <QLineEdit>
 #include <QMetaType>
 #include <QtGlobal>
 
@@ -21,5 +23,8 @@ static void uicomponentsRegisterTypes()
     qRegisterMetaType<UxHeaderSort>("UxHeaderSort");
     qRegisterMetaType<tagMessage>("Message");
     qRegisterMetaType<tagMessage>("tagMessage");
+    qRegisterMetaType<quickMacroItem>("quickMacroItem");
+    qRegisterMetaType<quickMacroItem*>("quickMacroItem*");
+    qRegisterMetaType<QLineEdit*>("QLineEdit*");
 }
 Q_CONSTRUCTOR_FUNCTION(uicomponentsRegisterTypes)
