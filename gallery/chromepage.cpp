@@ -167,7 +167,7 @@ void ChromePage::openPopup()
 {
     if (!m_popup)
         m_popup = new ShadowPopup(this);
-    m_popup->move(mapToGlobal(QPoint(width() / 2 - 180, 60)));
+    m_popup->move(mapToGlobal(QPoint(width() / 2 - 180, height() - 280)));
     m_popup->show();
     m_popup->raise();
 }

@@ -1,5 +1,7 @@
 #include "datetimepage.h"
 
+#include "skinframe.h"
+
 #include <uicomponents/uxcalendartimeedit.h>
 #include <uicomponents/uxcalendartimewidget.h>
 #include <uicomponents/uxdatetimeedit.h>
@@ -48,9 +50,14 @@ DateTimePage::DateTimePage(QWidget* parent)
     });
 
     // A calendar with its time row, open on the page, as a pop-up would show it.
-    auto* calendar = new UxCalendarTimeWidget(inputs, false, true);
-    calendar->setFixedSize(300, 330);
-    form->addRow(QStringLiteral("日期时间"), calendar);
+    auto* calendarFrame = new SkinFrame(QStringLiteral("controls/uicomponents.css"), inputs);
+    calendarFrame->setObjectName(QStringLiteral("CalendarPopWidget"));
+    auto* calendarLayout = new QVBoxLayout(calendarFrame);
+    calendarLayout->setContentsMargins(0, 0, 0, 0);
+    auto* calendar = new UxCalendarTimeWidget(calendarFrame, false, true);
+    calendarLayout->addWidget(calendar);
+    calendarFrame->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    form->addRow(QStringLiteral("日期时间"), calendarFrame);
     connect(calendar, &UxCalendarTimeWidget::signalSetCalendarTime, this, [this](const QDateTime& dt) {
         m_log->setText(QStringLiteral("选择了 ") + dt.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")));
     });

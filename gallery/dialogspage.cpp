@@ -15,7 +15,9 @@ namespace {
 
 QString buttonName(int code)
 {
-    const char* key = QMetaEnum::fromType<QMessageBox::StandardButton>().valueToKey(code);
+    const QMetaObject& mo = QMessageBox::staticMetaObject;
+    const QMetaEnum e = mo.enumerator(mo.indexOfEnumerator("StandardButton"));
+    const char* key = e.valueToKey(code);
     return key ? QString::fromLatin1(key) : QString::number(code);
 }
 

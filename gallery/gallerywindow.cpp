@@ -3,8 +3,13 @@
 #include "chromepage.h"
 #include "datetimepage.h"
 #include "dialogspage.h"
+
+#include <uicomponents/uxmessagebox.h>
 #include "marketsimulator.h"
 #include "quotespage.h"
+#include "searchpage.h"
+
+#include <uicomponents/uxkeyboradsprit.h>
 
 #include <uicomponents/uxlooplabels.h>
 #include <uxcore/uxcore.h>
@@ -13,6 +18,7 @@
 #include <iterator>
 #include <memory>
 #include <QDateTime>
+#include <QDeadlineTimer>
 #include <QApplication>
 #include <QDebug>
 #include <QDir>
@@ -53,7 +59,17 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     m_urlLabel->setObjectName(QStringLiteral("galleryUrlLabel"));
     statusBar()->addPermanentWidget(m_urlLabel);
 
-    addPage(QStringLiteral("quotes"), QStringLiteral("行情报价"), new QuotesPage(m_market, statusBar(), m_stack));
+    buildDictionary();
+    auto* quotes = new QuotesPage(m_market, statusBar(), m_stack);
+    quotes->enableQuickSearch(m_dictionary);
+    connect(quotes, &QuotesPage::openRequested, this, &GalleryWindow::openStringUrl);
+    addPage(QStringLiteral("quotes"), QStringLiteral("行情报价"), quotes, [quotes] { quotes->typeOnTable(QStringLiteral("6")); },
+            [quotes] { quotes->typeOnTable(QString()); });
+    auto* search = new SearchPage(m_dictionary, m_stack);
+    connect(UxKeyBoradSprit::initance(), &UxKeyBoradSprit::signalStockSelected, this,
+            [this](const QString& url, int) { openStringUrl(url); });
+    addPage(QStringLiteral("search"), QStringLiteral("快捷搜索"), search,
+            [search] { search->typeInWizard(QStringLiteral("60")); }, [search] { search->typeInWizard(QString()); });
     addPage(QStringLiteral("datetime"), QStringLiteral("日期时间"), new DateTimePage(m_stack));
     auto* dialogs = new DialogsPage(m_stack);
     auto sampleBox = std::make_shared<QPointer<QWidget>>();
@@ -72,11 +88,33 @@ GalleryWindow::GalleryWindow(QWidget* parent)
     UxCore::instance()->addStyle2View(this, QStringLiteral("gallery/gallery.css"));
 }
 
+void GalleryWindow::buildDictionary()
+{
+    // One record per instrument plus a few commands; the wizard, the overlay
+    // and the line edits all search the same records, which we own.
+    const int n = m_market->count();
+    m_dictionaryItems.reserve(n + 3);
+    for (int i = 0; i < n; ++i) {
+        const MarketSimulator::Instrument& in = m_market->instrument(i);
+        const QString kind = in.code.startsWith(QLatin1Char('3')) ? QStringLiteral("创业板")
+            : in.market == 1                                    ? QStringLiteral("沪A")
+                                                                 : QStringLiteral("深A");
+        m_dictionaryItems.push_back({{kind, in.code, in.name, in.pinyin}, QStringLiteral("view://stock?code=") + in.code});
+    }
+    m_dictionaryItems.push_back({{QStringLiteral("功能"), QStringLiteral("60"), QStringLiteral("涨幅排名"), QStringLiteral("ZFPM")},
+                                 QStringLiteral("view://rank?type=60")});
+    m_dictionaryItems.push_back({{QStringLiteral("功能"), QStringLiteral("03"), QStringLiteral("上证指数"), QStringLiteral("SZZS")},
+                                 QStringLiteral("view://index?code=000001")});
+    m_dictionary.reserve(int(m_dictionaryItems.size()));
+    for (quickMacroItem& item : m_dictionaryItems)
+        m_dictionary.append(&item);
+}
+
 void GalleryWindow::buildTicker()
 {
     m_ticker = new UxLoopLabels(this);
     m_ticker->setObjectName(QStringLiteral("galleryTicker"));
-    m_ticker->setFixedHeight(22);
+    m_ticker->setFixedHeight(24);
     m_ticker->setMinimumWidth(420);
     statusBar()->addWidget(m_ticker, 1);
     connect(m_ticker, &UxLoopLabels::sigClickedMsg, m_ticker, &UxLoopLabels::slotClickedMsg);
@@ -178,6 +216,12 @@ bool GalleryWindow::writeScreenshots(const QString& dir)
         return false;
     }
     const QString startSkin = UxCore::instance()->getCurrentSkinId();
+    // A still ticker: a roll caught half-way shows two lines on top of each other.
+    m_ticker->barMsgEnable(false);
+    m_newsTimer->stop();
+    const QDeadlineTimer settle(1200);
+    while (!settle.hasExpired())
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
     bool ok = true;
     QStringList skins = UxCore::instance()->skinIds();
     if (skins.isEmpty())

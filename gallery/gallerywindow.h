@@ -7,6 +7,9 @@
 #include <QVector>
 
 #include <functional>
+#include <vector>
+
+#include <uicomponents/quickmacroitem.h>
 
 class QActionGroup;
 class QLabel;
@@ -58,7 +61,11 @@ private:
     void buildTicker();
     void postNextMessage();
 
+    void buildDictionary();
+
     MarketSimulator* m_market = nullptr;
+    std::vector<quickMacroItem> m_dictionaryItems;
+    QVector<quickMacroItem*> m_dictionary;
     QListWidget* m_nav = nullptr;
     QStackedWidget* m_stack = nullptr;
     QLabel* m_urlLabel = nullptr;

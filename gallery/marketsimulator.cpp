@@ -70,7 +70,7 @@ MarketSimulator::MarketSimulator(int count, quint32 seed, QObject* parent)
         in.now = in.open;
         in.high = std::max(in.open, in.preClose);
         in.low = std::min(in.open, in.preClose);
-        in.volume = std::floor(5000.0 + 2.0e7 * std::pow(unit(m_rng), 4.0));
+        in.volume = std::floor(5000.0 + 2.0e6 * std::pow(unit(m_rng), 4.0));
         in.amount = in.volume * 100.0 * in.now;
         in.red = std::floor(in.volume * (0.3 + 0.4 * unit(m_rng)));
         in.diff5 = (unit(m_rng) - 0.5) * 2.0;
@@ -88,6 +88,9 @@ QString MarketSimulator::formatUnits(double value)
 {
     if (std::fabs(value) >= 1.0e8)
         return QString::number(value / 1.0e8, 'f', 2) + QStringLiteral("亿");
+    // Keep a decimal point: the table only reads units after a decimal number.
+    if (std::fabs(value) >= 1.0e7)
+        return QString::number(value / 1.0e4, 'f', 1) + QStringLiteral("万");
     if (std::fabs(value) >= 1.0e4)
         return QString::number(value / 1.0e4, 'f', 2) + QStringLiteral("万");
     return QString::number(value, 'f', 0);

@@ -6,7 +6,9 @@
 #include <QTimer>
 #include <QWidget>
 
+struct quickMacroItem;
 class QStatusBar;
+class QTableView;
 class MarketSimulator;
 class UxCustomTableWidget;
 
@@ -24,8 +26,19 @@ public:
     const SubPageData& lastRequest() const { return m_page; }
     int requestCount() const { return m_requests; }
 
+    // Typing on the table opens the quick search over it.
+    void enableQuickSearch(const QVector<quickMacroItem*>& dictionary);
+    // Types TEXT on the table as a user would, or closes the search when empty.
+    void typeOnTable(const QString& text);
+
+signals:
+    void openRequested(const QString& url);
+
 public slots:
     void tick();
+
+protected:
+    void showEvent(QShowEvent* event) override;
 
 private slots:
     void answerPage(const SubPageData& page);
@@ -35,6 +48,7 @@ private:
     MarketSimulator* m_market;
     QStatusBar* m_status;
     UxCustomTableWidget* m_table;
+    QTableView* m_view = nullptr;
     QTimer m_tickTimer;
     SubPageData m_page;
     int m_requests = 0;
