@@ -31,8 +31,14 @@ int main(int argc, char** argv)
 
     // The skins ship beside the executable; UXCORE_SKIN_ROOT wins when set.
     UxCore* core = UxCore::instance();
-    if (qEnvironmentVariableIsEmpty("UXCORE_SKIN_ROOT"))
-        core->setSkinRoot(QCoreApplication::applicationDirPath() + QStringLiteral("/skins"));
+    if (qEnvironmentVariableIsEmpty("UXCORE_SKIN_ROOT")) {
+        // Beside the executable in the build tree, under share/ once installed.
+        const QString dir = QCoreApplication::applicationDirPath();
+        const QString installed = dir + QStringLiteral("/../share/uicomponents/skins");
+        core->setSkinRoot(QFileInfo(dir + QStringLiteral("/skins")).isDir() || !QFileInfo(installed).isDir()
+                              ? dir + QStringLiteral("/skins")
+                              : installed);
+    }
     if (!QFileInfo(core->skinRoot() + QLatin1Char('/') + parser.value(skin)).isDir())
         qDebug() << "skin" << parser.value(skin) << "not found under" << core->skinRoot()
                  << "- falling back to the library's built-in styles";
