@@ -3,6 +3,7 @@
 #include "ui_uxcustomtablewidget.h"
 #include "uxsettingdialog.h"
 #include "uxtabledatamanager.h"
+#include "uxtablemodel.h"
 #include "uxtableview.h"
 
 #include <uxcfg.h>
@@ -150,6 +151,12 @@ int UxCustomTableWidget::rowCount() const
 int UxCustomTableWidget::columnCount() const
 {
     return ui->tableView->model() ? ui->tableView->model()->columnCount() : 0;
+}
+
+QColor UxCustomTableWidget::backgroundColorAt(int row, int column) const
+{
+    const UxTableModel* model = ui->tableView->tableModel();
+    return model ? model->backgroundColorAt(model->index(row, column)) : QColor();
 }
 
 void UxCustomTableWidget::save(QMap<QString, QVariant>& m)

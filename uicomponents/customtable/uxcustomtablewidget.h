@@ -53,6 +53,11 @@ public:
     QList<_TableData> getTableDatas() const;
     int rowCount() const;
     int columnCount() const;
+    // The tint a quote update left on a cell, invalid when there is none. The
+    // table records tints but does not paint them; a client that wants them
+    // visible paints them itself, e.g. with a delegate of its own on the
+    // "tableView" child.
+    QColor backgroundColorAt(int row, int column) const;
     void save(QMap<QString, QVariant>& m);
     void restore(const QMap<QString, QVariant>& m);
 
