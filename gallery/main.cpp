@@ -3,6 +3,7 @@
 //   uicomponents-gallery --screenshots DIR  writes DIR/<page>-<skin>.png and exits
 
 #include "gallerywindow.h"
+#include "soakdriver.h"
 
 #include <uxcore/uxcore.h>
 
@@ -25,7 +26,11 @@ int main(int argc, char** argv)
                                    QStringLiteral("dir"));
     const QCommandLineOption skin(QStringLiteral("skin"), QStringLiteral("Skin to start with."), QStringLiteral("id"),
                                   QStringLiteral("light"));
+    const QCommandLineOption soak(QStringLiteral("soak"),
+                                  QStringLiteral("Run a compressed trading day for <seconds> and report memory."),
+                                  QStringLiteral("seconds"));
     parser.addOption(shots);
+    parser.addOption(soak);
     parser.addOption(skin);
     parser.process(app);
 
@@ -48,5 +53,10 @@ int main(int argc, char** argv)
     window.show();
     if (parser.isSet(shots))
         return window.writeScreenshots(parser.value(shots)) ? 0 : 1;
+    if (parser.isSet(soak)) {
+        auto* driver = new SoakDriver(&window, qMax(10, parser.value(soak).toInt()), &window);
+        QObject::connect(driver, &SoakDriver::finished, &app, [](bool stable) { QCoreApplication::exit(stable ? 0 : 1); });
+        driver->start();
+    }
     return app.exec();
 }

@@ -87,7 +87,7 @@ QuotesPage::QuotesPage(MarketSimulator* market, QStatusBar* status, QWidget* par
 
     // Several ticks a second for the rows on screen, as a live feed does.
     m_tickTimer.setInterval(250);
-    connect(&m_tickTimer, &QTimer::timeout, this, &QuotesPage::tick);
+    connect(&m_tickTimer, &QTimer::timeout, this, [this] { tick(); });
     m_tickTimer.start();
 }
 
@@ -115,11 +115,11 @@ void QuotesPage::answerSort(const SubPageData& page)
     m_status->showMessage(QStringLiteral("按 %1 排序").arg(page.sortFeild), 3000);
 }
 
-void QuotesPage::tick()
+void QuotesPage::tick(int changes)
 {
     if (m_page.count <= 0)
         return;
-    const QList<_TableData> changed = m_market->tick(m_page.start, m_page.count, 12);
+    const QList<_TableData> changed = m_market->tick(m_page.start, m_page.count, changes);
     if (!changed.isEmpty())
         m_table->slotUpdateTable(changed);
 }

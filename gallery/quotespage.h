@@ -35,7 +35,8 @@ signals:
     void openRequested(const QString& url);
 
 public slots:
-    void tick();
+    // Moves CHANGES random prices among the requested rows.
+    void tick(int changes = 12);
 
 protected:
     void showEvent(QShowEvent* event) override;
