@@ -218,6 +218,7 @@ private slots:
     void completerVisibleRows_data();
     void completerVisibleRows();
     void completerKeys();
+    void completerWithoutLineEdit();
     void keyboardLineEditStartsEmpty();
 
 private:
@@ -980,6 +981,24 @@ void TstQuickMacro::completerKeys()
     QTest::keyClick(popup, Qt::Key_0);
     QVERIFY(!popup->isVisible());
     QCOMPARE(edit.text(), QString("600"));
+}
+
+void TstQuickMacro::completerWithoutLineEdit()
+{
+    QPointer<QTreeWidget> popup;
+    {
+        UxCompleter completer(nullptr);
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (auto* tree = qobject_cast<QTreeWidget*>(w); tree && !tree->parent())
+                popup = tree;
+        }
+        QVERIFY(popup);
+        completer.showSuggestions({"600000"}, {"浦发银行"});
+        QVERIFY(!popup->isVisible());
+        completer.autoSuggest();
+        completer.doneCompletion();
+    }
+    QVERIFY(!popup); // nothing else owns it
 }
 
 void TstQuickMacro::keyboardLineEditStartsEmpty()
