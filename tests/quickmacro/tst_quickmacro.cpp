@@ -18,6 +18,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QTreeWidget>
@@ -212,6 +213,7 @@ private slots:
     void overlayHidesWithoutHits();
     void overlayChoosesHitsAndExtends();
     void overlayShortGroupLists();
+    void overlayLogsLineEditFocus();
 
     // completer and keyboard line edit
     void completerDebounce();
@@ -887,6 +889,22 @@ void TstQuickMacro::overlayShortGroupLists()
     QuickMacroView view;
     view.setTableData({}, {"only"}, {{{"x"}}, {{"y"}}}, true);
     QCOMPARE(view.model()->rowCount(), 1);
+}
+
+void TstQuickMacro::overlayLogsLineEditFocus()
+{
+    QuickMacroSearchWidget* overlay = QuickMacroSearchWidget::initance();
+    QWidget panel;
+    auto* edit = new QLineEdit(&panel);
+    edit->setObjectName("clientEdit");
+    edit->installEventFilter(overlay);
+    const QString line = QStringLiteral("eventFilter.* object  QLineEdit\\(0x[0-9a-f]+, name = \"%1\"\\)$");
+    // Its own search line is watched as well.
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(line.arg("searchEdit")));
+    sendFocus(overlay->searchEdit(), QEvent::FocusIn);
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(line.arg("clientEdit")));
+    sendFocus(edit, QEvent::FocusIn);
+    QVERIFY(!overlay->isVisible());
 }
 
 // ---------------------------------------------------------------- completer
