@@ -18,6 +18,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QTreeWidget>
@@ -212,12 +213,14 @@ private slots:
     void overlayHidesWithoutHits();
     void overlayChoosesHitsAndExtends();
     void overlayShortGroupLists();
+    void overlayLogsLineEditFocus();
 
     // completer and keyboard line edit
     void completerDebounce();
     void completerVisibleRows_data();
     void completerVisibleRows();
     void completerKeys();
+    void completerWithoutLineEdit();
     void keyboardLineEditStartsEmpty();
 
 private:
@@ -888,6 +891,22 @@ void TstQuickMacro::overlayShortGroupLists()
     QCOMPARE(view.model()->rowCount(), 1);
 }
 
+void TstQuickMacro::overlayLogsLineEditFocus()
+{
+    QuickMacroSearchWidget* overlay = QuickMacroSearchWidget::initance();
+    QWidget panel;
+    auto* edit = new QLineEdit(&panel);
+    edit->setObjectName("clientEdit");
+    edit->installEventFilter(overlay);
+    const QString line = QStringLiteral("eventFilter.* object  QLineEdit\\(0x[0-9a-f]+, name = \"%1\"\\)$");
+    // Its own search line is watched as well.
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(line.arg("searchEdit")));
+    sendFocus(overlay->searchEdit(), QEvent::FocusIn);
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression(line.arg("clientEdit")));
+    sendFocus(edit, QEvent::FocusIn);
+    QVERIFY(!overlay->isVisible());
+}
+
 // ---------------------------------------------------------------- completer
 
 void TstQuickMacro::completerDebounce()
@@ -980,6 +999,24 @@ void TstQuickMacro::completerKeys()
     QTest::keyClick(popup, Qt::Key_0);
     QVERIFY(!popup->isVisible());
     QCOMPARE(edit.text(), QString("600"));
+}
+
+void TstQuickMacro::completerWithoutLineEdit()
+{
+    QPointer<QTreeWidget> popup;
+    {
+        UxCompleter completer(nullptr);
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (auto* tree = qobject_cast<QTreeWidget*>(w); tree && !tree->parent())
+                popup = tree;
+        }
+        QVERIFY(popup);
+        completer.showSuggestions({"600000"}, {"浦发银行"});
+        QVERIFY(!popup->isVisible());
+        completer.autoSuggest();
+        completer.doneCompletion();
+    }
+    QVERIFY(!popup); // nothing else owns it
 }
 
 void TstQuickMacro::keyboardLineEditStartsEmpty()

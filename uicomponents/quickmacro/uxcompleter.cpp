@@ -3,6 +3,7 @@
 #include "uxnewsearchlineedit.h"
 #include "uxquickmacromatcher.h"
 
+#include <QDebug>
 #include <QEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -43,13 +44,19 @@ UxCompleter::UxCompleter(QLineEdit* parent)
         connect(m_editor, SIGNAL(textEdited(QString)), m_timer, SLOT(start()));
 }
 
-UxCompleter::~UxCompleter() = default;
+UxCompleter::~UxCompleter()
+{
+    // Without an editor nothing else owns the popup.
+    if (!m_popup->parent())
+        delete m_popup;
+}
 
 void UxCompleter::doneCompletion()
 {
     m_timer->stop();
     m_popup->hide();
-    if (QTreeWidgetItem* item = m_popup->currentItem())
+    QTreeWidgetItem* item = m_popup->currentItem();
+    if (item && m_editor)
         m_editor->setText(item->text(0));
     m_timer->stop();
 }
@@ -94,6 +101,10 @@ void UxCompleter::slotRspCodeSearchs()
 
 void UxCompleter::showSuggestions(const QStringList& codes, const QStringList& names)
 {
+    if (!m_editor) {
+        qDebug() << Q_FUNC_INFO << "no line edit to suggest for!";
+        return;
+    }
     if (codes.isEmpty() || codes.size() != names.size())
         return;
 
@@ -123,7 +134,7 @@ void UxCompleter::showSuggestions(const QStringList& codes, const QStringList& n
 
 bool UxCompleter::eventFilter(QObject* obj, QEvent* ev)
 {
-    if (obj != m_popup || !ev)
+    if (obj != m_popup || !ev || !m_editor)
         return QObject::eventFilter(obj, ev);
 
     if (ev->type() == QEvent::MouseButtonPress) {

@@ -210,6 +210,8 @@ bool QuickMacroSearchWidget::eventFilter(QObject* watched, QEvent* event)
 {
     if (!event)
         return QWidget::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusIn && qobject_cast<QLineEdit*>(watched))
+        qDebug() << Q_FUNC_INFO << " object " << watched;
 
     if (watched == m_searchEdit) {
         if (event->type() != QEvent::KeyPress)
@@ -274,10 +276,6 @@ bool QuickMacroSearchWidget::eventFilter(QObject* watched, QEvent* event)
             if (auto* w = qobject_cast<QWidget*>(watched))
                 w->setFocus(Qt::OtherFocusReason);
         }
-        break;
-    case QEvent::FocusIn:
-        if (qobject_cast<QLineEdit*>(watched))
-            qDebug() << Q_FUNC_INFO << " object " << watched;
         break;
     default:
         break;
