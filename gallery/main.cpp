@@ -1,44 +1,62 @@
-// A minimal host: registers its main window and skins with the host core and
-// lists the template file's columns. Replaced by the full gallery later.
+// The gallery client: a small but real host of the library.
+//   uicomponents-gallery                    opens the window
+//   uicomponents-gallery --screenshots DIR  writes DIR/<page>-<skin>.png and exits
+
+#include "gallerywindow.h"
+#include "soakdriver.h"
 
 #include <uxcore/uxcore.h>
-#include <uicomponents/uicomponents.h>
 
-#include <QCoreApplication>
-#include <QHeaderView>
-#include <QMainWindow>
-#include <QStandardItemModel>
-#include <QTableView>
+#include <QCommandLineParser>
+#include <QDebug>
+#include <QDir>
+#include <QFileInfo>
 
 int main(int argc, char** argv)
 {
     UxApplication app(argc, argv);
+    QCoreApplication::setOrganizationName(QStringLiteral("uicomponents"));
     QCoreApplication::setApplicationName(QStringLiteral("uicomponents-gallery"));
 
-    UxCore::instance()->setSkinRoot(QCoreApplication::applicationDirPath() + QStringLiteral("/skins"));
-    UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Every widget of uicomponents in a real host."));
+    parser.addHelpOption();
+    const QCommandLineOption shots(QStringLiteral("screenshots"),
+                                   QStringLiteral("Render every page in every skin into <dir> and exit."),
+                                   QStringLiteral("dir"));
+    const QCommandLineOption skin(QStringLiteral("skin"), QStringLiteral("Skin to start with."), QStringLiteral("id"),
+                                  QStringLiteral("light"));
+    const QCommandLineOption soak(QStringLiteral("soak"),
+                                  QStringLiteral("Run a compressed trading day for <seconds> and report memory."),
+                                  QStringLiteral("seconds"));
+    parser.addOption(shots);
+    parser.addOption(soak);
+    parser.addOption(skin);
+    parser.process(app);
 
-    QMainWindow window;
-    UxCore::instance()->setMainWindow(&window);
-    window.setWindowTitle(QStringLiteral("uicomponents gallery"));
-
-    UxTableDataManager* manager = UxTableDataManager::getInstance();
-    manager->setFileName(QCoreApplication::applicationDirPath() + QStringLiteral("/config/hsstocktemplatetable.json"));
-    const QList<_TableHHeaderData> columns = manager->getTableHeaderData();
-
-    auto* model = new QStandardItemModel(0, 4, &window);
-    model->setHorizontalHeaderLabels({QStringLiteral("text"), QStringLiteral("feild"), QStringLiteral("isShow"),
-                                      QStringLiteral("alignment")});
-    for (const _TableHHeaderData& h : columns) {
-        model->appendRow({new QStandardItem(h.text), new QStandardItem(h.feild),
-                          new QStandardItem(h.isShow ? QStringLiteral("yes") : QStringLiteral("no")),
-                          new QStandardItem(QString::number(int(h.alignment)))});
+    // The skins ship beside the executable; UXCORE_SKIN_ROOT wins when set.
+    UxCore* core = UxCore::instance();
+    if (qEnvironmentVariableIsEmpty("UXCORE_SKIN_ROOT")) {
+        // Beside the executable in the build tree, under share/ once installed.
+        const QString dir = QCoreApplication::applicationDirPath();
+        const QString installed = dir + QStringLiteral("/../share/uicomponents/skins");
+        core->setSkinRoot(QFileInfo(dir + QStringLiteral("/skins")).isDir() || !QFileInfo(installed).isDir()
+                              ? dir + QStringLiteral("/skins")
+                              : installed);
     }
-    auto* view = new QTableView(&window);
-    view->setModel(model);
-    view->horizontalHeader()->setStretchLastSection(true);
-    window.setCentralWidget(view);
-    window.resize(640, 480);
+    if (!QFileInfo(core->skinRoot() + QLatin1Char('/') + parser.value(skin)).isDir())
+        qDebug() << "skin" << parser.value(skin) << "not found under" << core->skinRoot()
+                 << "- falling back to the library's built-in styles";
+    core->setCurrentSkin(parser.value(skin));
+
+    GalleryWindow window;
     window.show();
+    if (parser.isSet(shots))
+        return window.writeScreenshots(parser.value(shots)) ? 0 : 1;
+    if (parser.isSet(soak)) {
+        auto* driver = new SoakDriver(&window, qMax(10, parser.value(soak).toInt()), &window);
+        QObject::connect(driver, &SoakDriver::finished, &app, [](bool stable) { QCoreApplication::exit(stable ? 0 : 1); });
+        driver->start();
+    }
     return app.exec();
 }

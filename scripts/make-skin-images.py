@@ -12,7 +12,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 def shadow_alpha(d, size, strength):
     """d: distance from the panel edge outwards (0..size)."""
     t = max(0.0, 1.0 - d / size)
-    return int(strength * t * t)
+    return int(strength * t ** 1.5)
 
 
 def shadows(folder, rgb, strength, size=10):
@@ -53,7 +53,7 @@ def calendar_icon(path, frame, accent):
 
 SKINS = {
     # id: (shadow colour, shadow strength, icon frame, icon accent)
-    "light": ((0, 0, 0), 70, (90, 98, 110), (0, 96, 227)),
+    "light": ((0, 0, 0), 130, (90, 98, 110), (0, 96, 227)),
     "dark": ((0, 0, 0), 140, (200, 205, 212), (64, 140, 255)),
     "black": ((0, 0, 0), 180, (210, 180, 120), (210, 105, 30)),
 }

@@ -313,6 +313,8 @@ void FramelessHelper::activateOn(QWidget* w)
         return;
     d->widgets.insert(w, new FramelessTargetData(d, w, nullptr));
     w->installEventFilter(this);
+    // A target deleted without removeFrom() must not leave a dangling record.
+    connect(w, &QObject::destroyed, this, [this, w] { delete d->widgets.take(w); });
 }
 
 void FramelessHelper::activateOnQmlWidget(QWindow* w)
@@ -325,6 +327,7 @@ void FramelessHelper::activateOnQmlWidget(QWindow* w)
         return;
     d->windows.insert(w, new FramelessTargetData(d, nullptr, w));
     w->installEventFilter(this);
+    connect(w, &QObject::destroyed, this, [this, w] { delete d->windows.take(w); });
 }
 
 void FramelessHelper::removeFrom(QWidget* w)
@@ -332,6 +335,7 @@ void FramelessHelper::removeFrom(QWidget* w)
     FramelessTargetData* data = d->widgets.take(w);
     if (!data)
         return;
+    disconnect(w, &QObject::destroyed, this, nullptr);
     w->removeEventFilter(this);
     w->setAttribute(Qt::WA_MouseTracking, false);
     w->setWindowFlags(data->m_windowFlags);
@@ -344,6 +348,7 @@ void FramelessHelper::removeQmlWidgetFrom(QWindow* w)
     FramelessTargetData* data = d->windows.take(w);
     if (!data)
         return;
+    disconnect(w, &QObject::destroyed, this, nullptr);
     w->removeEventFilter(this);
     w->setFlags(data->m_windowFlags);
     delete data;

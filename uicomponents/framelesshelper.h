@@ -21,7 +21,8 @@ class FramelessHelperState;
 // Events of a widget target are consumed by the filter; events of a window
 // target are handled and passed on. Making the target frameless is the
 // caller's business; removal restores the window flags saved at activation.
-// The helper does not watch its targets: remove a target before deleting it.
+// Remove a target before deleting it to get its flags back; a target deleted
+// while still activated is merely forgotten.
 class UICOMPONENTS_EXPORT FramelessHelper : public QObject
 {
     Q_OBJECT

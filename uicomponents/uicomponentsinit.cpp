@@ -2,9 +2,11 @@
 // QVariant and in queued signals. The compiled-in resources register
 // themselves from their own generated source.
 
+#include "quickmacroitem.h"
 #include "uxmessagedefines.h"
 #include "uxtabledefines.h"
 
+#include <QLineEdit>
 #include <QMetaType>
 #include <QtGlobal>
 
@@ -16,10 +18,14 @@ static void uicomponentsRegisterTypes()
     qRegisterMetaType<_TableData>("TableData");
     qRegisterMetaType<_TableData>("_TableData");
     qRegisterMetaType<QList<_TableData>>("QList<_TableData>");
+    qRegisterMetaType<QList<_TableData>>("QList<TableData>");
     qRegisterMetaType<_SubPageData>("SubPageData");
     qRegisterMetaType<_SubPageData>("_SubPageData");
     qRegisterMetaType<UxHeaderSort>("UxHeaderSort");
     qRegisterMetaType<tagMessage>("Message");
     qRegisterMetaType<tagMessage>("tagMessage");
+    qRegisterMetaType<quickMacroItem>("quickMacroItem");
+    qRegisterMetaType<quickMacroItem*>("quickMacroItem*");
+    qRegisterMetaType<QLineEdit*>("QLineEdit*");
 }
 Q_CONSTRUCTOR_FUNCTION(uicomponentsRegisterTypes)

@@ -100,7 +100,8 @@ void UxMiniClockPannel::restore(const QMap<QString, QVariant>& m)
 int UxMiniClockPannel::offsetForZone(int zone) const
 {
     // Outside -10..12 the clock is shifted by the base zone itself.
-    if (static_cast<unsigned>(zone + 10) > 22u)
+    // Unsigned before adding: a restored INT_MAX must not overflow.
+    if (static_cast<unsigned>(zone) + 10u > 22u)
         return m_baseZone;
     return zone - m_baseZone;
 }

@@ -484,6 +484,27 @@ private Q_SLOTS:
         QVERIFY(!w.testAttribute(Qt::WA_Hover));
     }
 
+    void targetsDeletedWhileActivated()
+    {
+        // Neither the helper's later calls nor its destruction touch them.
+        FramelessHelper helper;
+        auto* w = new QWidget;
+        auto* window = new QWindow;
+        helper.activateOn(w);
+        helper.activateOnQmlWidget(window);
+        delete w;
+        delete window;
+        helper.setRubberBandOnMove(true);
+
+        // A fresh target may get the same address: it is activated afresh.
+        auto* again = new QWidget;
+        helper.activateOn(again);
+        QVERIFY(again->testAttribute(Qt::WA_Hover));
+        helper.removeFrom(again);
+        QVERIFY(!again->testAttribute(Qt::WA_Hover));
+        delete again;
+    }
+
     // --- sliding stacked widget ---------------------------------------------
 
     void slideRange_data()

@@ -2,7 +2,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QEventLoop>
 #include <QFileInfo>
+#include <QTimer>
 
 namespace UxTest {
 
@@ -62,6 +64,29 @@ void initEnvironment()
     UxCore::instance()->setSkinRoot(skinRoot());
     UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
     UxCfg::instance()->setPath(QString(), configDir());
+}
+
+void spin(int ms)
+{
+    QEventLoop loop;
+    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+bool spinUntil(const std::function<bool()>& cond, int ms)
+{
+    if (cond())
+        return true;
+    QEventLoop loop;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&]() {
+        if (cond())
+            loop.quit();
+    });
+    poll.start(5);
+    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
+    return cond();
 }
 
 } // namespace UxTest

@@ -13,6 +13,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <functional>
+
 namespace UxTest {
 
 // The temporary root that holds "skins/" and "config/" for this process.
@@ -30,6 +32,12 @@ QByteArray readFile(const QString& path);
 // Called by UX_TEST_MAIN before the tests run: points UxCore and UxCfg at
 // fresh temporary folders with three empty skins "light", "dark", "black".
 void initEnvironment();
+
+// Runs a real event loop for MS milliseconds. QTest::qWait sleeps between
+// batches of events, which starves 1 ms timers such as the scheduler's.
+void spin(int ms);
+// Runs the event loop until COND holds or MS pass; returns COND's last value.
+bool spinUntil(const std::function<bool()>& cond, int ms);
 
 } // namespace UxTest
 

@@ -901,6 +901,7 @@ void TstDateTime::clockRestore_data()
     QTest::newRow("nothing stored") << QVariantMap() << 8 << 0 << QStringLiteral("北京") << 8;
     QTest::newRow("out of range takes the base zone") << QVariantMap{{"zone", 20}} << 8 << 8 << QString() << 1000;
     QTest::newRow("out of range, other base") << QVariantMap{{"zone", -11}} << 9 << 9 << QString() << 1000;
+    QTest::newRow("largest int") << QVariantMap{{"zone", INT_MAX}} << 8 << 8 << QString() << 1000;
     QTest::newRow("not a number reads 0") << QVariantMap{{"zone", "abc"}} << 8 << -8 << QString() << 1000;
     QTest::newRow("other base zone") << QVariantMap{{"zone", 9}} << 9 << 0 << QStringLiteral("汉城") << 9;
 }

@@ -1,0 +1,182 @@
+// The gallery as a client runs it: the window registered with the host core,
+// a paging request and a tick through the quote page, skin switches, the
+// ticker's click reaching openStringUrl, and the screenshot mode.
+
+#include "uxtestenv.h"
+
+#include "gallerywindow.h"
+#include "marketsimulator.h"
+#include "quotespage.h"
+
+#include <uicomponents/uxcustomtablewidget.h>
+#include <uicomponents/uxlooplabels.h>
+
+#include <QDir>
+#include <QImage>
+#include <QTableView>
+
+class TstGallery : public QObject
+{
+    Q_OBJECT
+
+    QuotesPage* quotesPage(GalleryWindow& w)
+    {
+        return qobject_cast<QuotesPage*>(w.pages().at(0).widget);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        // The shipped skins, so that every page is styled as users see it.
+        UxCore::instance()->setSkinRoot(qEnvironmentVariable("UX_SOURCE_DIR") + QStringLiteral("/skins"));
+        UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
+    }
+
+    void simulatedMarketIsDeterministic()
+    {
+        MarketSimulator a(500, 7), b(500, 7), c(500, 8);
+        QCOMPARE(a.rows(0, 500), b.rows(0, 500));
+        QVERIFY(a.rows(0, 500) != c.rows(0, 500));
+        QCOMPARE(a.tick(0, 50, 20), b.tick(0, 50, 20));
+        QCOMPARE(a.rows(490, 100).size(), 10);
+        QVERIFY(a.rows(-5, 3).size() == 3 || a.rows(-5, 3).isEmpty());
+    }
+
+    void unitsKeepADecimalPoint_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<QString>("text");
+        QTest::newRow("plain") << 9999.0 << "9999";
+        QTest::newRow("wan") << 123456.0 << "12.35万";
+        QTest::newRow("big wan") << 19674500.0 << "1967.5万";
+        QTest::newRow("yi") << 426000000.0 << "4.26亿";
+    }
+    void unitsKeepADecimalPoint()
+    {
+        QFETCH(double, value);
+        QFETCH(QString, text);
+        QCOMPARE(MarketSimulator::formatUnits(value), text);
+    }
+
+    void sortingReordersTheBlock()
+    {
+        MarketSimulator m(300, 3);
+        m.sortBy(QStringLiteral("Now"), 2);
+        const QList<_TableData> rows = m.rows(0, 300);
+        double last = 1e18;
+        for (const _TableData& r : rows) {
+            if (!r.values.contains(QStringLiteral("Now")))
+                continue; // suspended instruments sort last
+            const double now = r.values.value(QStringLiteral("Now")).toDouble();
+            QVERIFY(now <= last);
+            last = now;
+        }
+    }
+
+    void quotePageAnswersPagesAndTicks()
+    {
+        GalleryWindow w;
+        QCOMPARE(UxCore::instance()->mainWindow(), &w);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QuotesPage* page = quotesPage(w);
+        QVERIFY(page);
+        // The first page is asked for once the table is on screen, and only
+        // the requested rows carry quotes.
+        QTRY_VERIFY_WITH_TIMEOUT(page->requestCount() > 0, 5000);
+        const SubPageData request = page->lastRequest();
+        QVERIFY(request.count > 0);
+        const QList<_TableData> rows = page->table()->getTableDatas();
+        QCOMPARE(rows.size(), w.market()->count());
+        QVERIFY(!rows.at(request.start).values.value(QStringLiteral("Now")).isEmpty());
+        const int outside = request.start + request.count + 5;
+        QVERIFY(outside < rows.size());
+        QVERIFY(rows.at(outside).values.isEmpty());
+
+        // A tick changes some quotes of the requested range and tints them.
+        const QList<_TableData> before = page->table()->getTableDatas();
+        for (int i = 0; i < 5; ++i)
+            page->tick();
+        const QList<_TableData> after = page->table()->getTableDatas();
+        int changed = 0;
+        int tinted = 0;
+        for (int r = request.start; r < request.start + request.count && r < after.size(); ++r) {
+            changed += before.at(r).values != after.at(r).values;
+            for (int c = 0; c < page->table()->columnCount(); ++c)
+                tinted += page->table()->backgroundColorAt(r, c).isValid();
+        }
+        QVERIFY(changed > 0);
+        QVERIFY(tinted > 0);
+    }
+
+    void headerClickSortsTheBlock()
+    {
+        GalleryWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QuotesPage* page = quotesPage(w);
+        QTRY_VERIFY_WITH_TIMEOUT(page->requestCount() > 0, 5000);
+        const int requests = page->requestCount();
+        auto* view = page->table()->findChild<QTableView*>(QStringLiteral("tableView"));
+        QVERIFY(view);
+        // Column 3 is the last price ("Now") in the shipped template.
+        const int x = view->horizontalHeader()->sectionViewportPosition(3) + 5;
+        QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(x, 5));
+        QTRY_VERIFY_WITH_TIMEOUT(page->requestCount() > requests, 5000);
+        const QList<_TableData> rows = page->table()->getTableDatas();
+        const double first = rows.at(0).values.value(QStringLiteral("Now")).toDouble();
+        const double second = rows.at(1).values.value(QStringLiteral("Now")).toDouble();
+        QVERIFY(first <= second);
+    }
+
+    void skinsSwitchLive()
+    {
+        GalleryWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        const QString light = w.styleSheet();
+        w.switchSkin(QStringLiteral("dark"));
+        QCOMPARE(UxCore::instance()->getCurrentSkinId(), QStringLiteral("dark"));
+        QVERIFY(w.styleSheet() != light);
+        QVERIFY(w.styleSheet().contains(QLatin1String("#1e2129")));
+        QVERIFY(quotesPage(w)->table()->styleSheet().contains(QLatin1String("QTableView")));
+        w.switchSkin(QStringLiteral("light"));
+        QCOMPARE(w.styleSheet(), light);
+    }
+
+    void tickerClickOpensTheAttentionPage()
+    {
+        GalleryWindow w;
+        tagMessage msg;
+        msg.msgType = QStringLiteral("2");
+        msg.time = QStringLiteral("2026/11/21 09:30:00");
+        msg.content = QStringLiteral("价格预警");
+        w.ticker()->slotClickedMsg(msg);
+        QVERIFY(w.lastOpenedUrl().startsWith(QLatin1String("view://attentionpage?rootid=0&id=")));
+    }
+
+    void screenshotsOfEveryPageAndSkin()
+    {
+        GalleryWindow w;
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        QTemporaryDir dir;
+        QVERIFY(w.writeScreenshots(dir.path()));
+        const QStringList files = QDir(dir.path()).entryList({QStringLiteral("*.png")});
+        QCOMPARE(files.size(), w.pages().size() * UxCore::instance()->skinIds().size());
+        for (const QString& f : files) {
+            const QImage image(dir.filePath(f));
+            QVERIFY2(!image.isNull(), qPrintable(f));
+            // Not blank: a styled page has more than a handful of colours.
+            QSet<QRgb> colours;
+            for (int y = 0; y < image.height(); y += 7)
+                for (int x = 0; x < image.width(); x += 7)
+                    colours.insert(image.pixel(x, y));
+            QVERIFY2(colours.size() > 20, qPrintable(f));
+        }
+        QCOMPARE(UxCore::instance()->getCurrentSkinId(), QStringLiteral("light"));
+    }
+};
+
+UX_TEST_MAIN(TstGallery)
+#include "tst_gallery.moc"
