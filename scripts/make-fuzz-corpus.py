@@ -106,11 +106,50 @@ def block_files(user):
         write("fuzz_blockmap", name, data)
 
 
+def sort_keys():
+    # Byte 0 picks the column (0 Code, 1 Name, 2 Time, 3 Now, 4 RedVolume,
+    # 5 ChangeRate), byte 1 the order, then one cell text per line.
+    files = {
+        "units": b"\x03\x00" + "abc\n12.5%\n9.90万\n1.20亿\n-1.50万\n12万\n0.5\n\n1e308\n-3\nnan\ninf".encode(),
+        "codes": b"\x00\x01" + "600000\n000600\n160060\n\nSZ002\n深发展".encode(),
+        "times": b"\x02\x00" + "09:30:00\n9:30\n15:00:00.500\n24:00:00\n\n11:29:59".encode(),
+        "volumes": b"\x04\x00" + "1.5万\n2.0亿\n3\n%\n5%%\n1.2.3万\n99999999999999999999.0亿\n-99999999999.0万".encode(),
+        "rates": b"\x05\x01" + "+1.25%\n-0.50%\n0.00%\n--\n1.0万%\n12.5%abc".encode(),
+    }
+    for name, data in files.items():
+        write("fuzz_sortkey", name, data)
+
+
+def keyboard_search():
+    # First line the query, then one record per line, texts split by tabs;
+    # "-" is a null pointer.
+    def rec(kind, code, name, key):
+        return "\t".join([kind, code, name, key])
+    base = [rec("沪A", "600000", "浦发银行", "PFYH"), rec("深A", "000600", "建投能源", "JTNY"),
+            rec("沪A", "160060", "某基金", "MJJ"), rec("指数", "000001", "上证指数", "SZZS"),
+            rec("命令", "60", "600", "LX"), "-", "short\trecord", "",
+            rec("港股", "00700", "腾讯控股", "TXKG"), rec("美股", "AAPL", "Apple", "aapl")]
+    files = {
+        "ranking": "600\n" + "\n".join(base),
+        "name-first": "浦发银行\n" + "\n".join(base),
+        "case": "aApL\n" + "\n".join(base),
+        "empty-query": "\n" + "\n".join(base),
+        "many": "6\n" + "\n".join(rec("A", "6%05d" % i, "n%d" % i, "k") for i in range(300)),
+        "exact-cap": "x\n" + "\n".join(rec("A", "x", "x", "x") for _ in range(250)),
+        "unicode": "ǅ\n" + "\n".join([rec("A", "ǆ1", "ß", "ΣΑΣ"), rec("A", "Ǆ2", "SS", "σας"),
+                                         rec("A", "İ", "ı", "K")]),
+    }
+    for name, data in files.items():
+        write("fuzz_keyboardsearch", name, data)
+
+
 def main():
-    for t in ("fuzz_columnfile", "fuzz_blockmap"):
+    for t in ("fuzz_columnfile", "fuzz_blockmap", "fuzz_sortkey", "fuzz_keyboardsearch"):
         shutil.rmtree(os.path.join(CORPUS, t), ignore_errors=True)
     user = column_files()
     block_files(user)
+    sort_keys()
+    keyboard_search()
 
 
 if __name__ == "__main__":
