@@ -9,7 +9,7 @@
 #   bash scripts/run-fuzz.sh 50000      that many runs per target
 #
 # Targets that drive widgets are slower per input; in the long mode they get
-# a tenth of the runs (FUZZ_WIDGET_RUNS overrides).
+# a tenth of the runs, a quarter in the short pass (FUZZ_WIDGET_RUNS overrides).
 set -euo pipefail
 here="$(cd "$(dirname "$0")/.." && pwd)"
 build="${FUZZ_BUILD_DIR:-$here/build-fuzz}"
@@ -19,7 +19,7 @@ case "$mode" in
     ''|*[!0-9]*) echo "usage: $0 [runs|long]" >&2; exit 2 ;;
     *) runs="$mode" ;;
 esac
-widget_runs="${FUZZ_WIDGET_RUNS:-$(( runs >= 100000 ? runs / 10 : runs ))}"
+widget_runs="${FUZZ_WIDGET_RUNS:-$(( runs >= 100000 ? runs / 10 : runs / 4 ))}"
 
 bash "$here/scripts/install-deps.sh" clang libclang-rt-14-dev
 

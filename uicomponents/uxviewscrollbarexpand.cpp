@@ -197,6 +197,19 @@ void UxViewScrollbarExpand::slotHorizentalValueChanged(int value)
 
 bool UxViewScrollbarExpand::eventFilter(QObject* watched, QEvent* event)
 {
+    // Look at the type first: while the view is being destroyed its children
+    // still send events through this filter, and by then the object is no
+    // longer an item view, so the view pointer must not even be converted.
+    switch (event->type()) {
+    case QEvent::MouseMove:
+    case QEvent::Enter:
+    case QEvent::Leave:
+    case QEvent::Wheel:
+    case QEvent::Resize:
+        break;
+    default:
+        return false;
+    }
     if (!m_pView)
         return false;
     if (watched == m_pView) {

@@ -9,7 +9,10 @@
 #include "uxbottomlabel.h"
 #include "uxcalendartimeedit.h"
 #include "uxcalendartimewidget.h"
+#include "uxcustomtablewidget.h"
 #include "uxcustomtoolbutton.h"
+#include "uxkeyboradsprit.h"
+#include "quickmacroitem.h"
 #include "uxdatetimeedit.h"
 #include "uxflowlayout.h"
 #include "uxlooplabels.h"
@@ -28,6 +31,11 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPointer>
+#include <QTableView>
+
+#include <climits>
+#include <memory>
+#include <vector>
 
 namespace {
 
@@ -298,6 +306,103 @@ private slots:
         QVERIFY(QFile::exists(path(QStringLiteral("adir/keep"))));
         QCOMPARE(UxTest::readFile(path(QStringLiteral("plain"))), QByteArray("plain bytes"));
         QVERIFY(!QFile::exists(path(name) + QStringLiteral(".bad")));
+    }
+
+    // --- quote rows and dictionaries ----------------------------------------------------
+
+    void quoteRowsAClientGetsWrong()
+    {
+        UxCustomTableWidget table;
+        table.setHHeaderData(QList<_TableHHeaderData>{header(QString()), header(QStringLiteral("Code")),
+                                                      header(QStringLiteral("Name")), header(QStringLiteral("Now")),
+                                                      header(QStringLiteral("RedVolume")), header(QStringLiteral("Time"))});
+        table.resize(600, 300);
+        table.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&table));
+
+        QList<_TableData> rows;
+        const QStringList absurd{QStringLiteral("1e400"), QStringLiteral("-0"), QStringLiteral("nan"),
+                                 QString(300, QLatin1Char('9')), QStringLiteral("99999999999999999999.9亿"),
+                                 QStringLiteral("-1.50万"), QStringLiteral("%"), QStringLiteral("万亿%"),
+                                 QString(), QString(5000, QChar(0x4EBF))};
+        for (int i = 0; i < 30; ++i) {
+            _TableData r;
+            r.code = i % 3 ? QStringLiteral("600000") : QString(); // duplicate and missing codes
+            r.market = i % 2 ? INT_MIN : INT_MAX;
+            r.riseFall = i - 15;
+            if (i % 4) {
+                r.values.insert(QStringLiteral("Now"), absurd.at(i % absurd.size()));
+                r.values.insert(QStringLiteral("RedVolume"), absurd.at((i + 3) % absurd.size()));
+                r.values.insert(QStringLiteral("Time"), absurd.at((i + 5) % absurd.size()));
+            }
+            rows.append(r);
+        }
+        table.slotCreateTableData(rows);
+        QCOMPARE(table.rowCount(), rows.size());
+        table.setBackgroundColorChangedEnable(true);
+        table.slotUpdateTable(rows.mid(0, 10));
+        table.slotUpdateTable({});
+        table.slotUpdateAllTable(rows.mid(0, 3)); // wrong length: ignored
+        // Duplicates update the first row with their identity; every row is
+        // still one of the rows sent, whole.
+        rows = table.getTableDatas();
+        QCOMPARE(rows.size(), 30);
+
+        // Every column sorted both ways: the rows are the same, reordered.
+        auto* view = table.findChild<QTableView*>();
+        QVERIFY(view);
+        for (int c = -1; c <= table.columnCount(); ++c) {
+            view->model()->sort(c, Qt::AscendingOrder);
+            view->model()->sort(c, Qt::DescendingOrder);
+        }
+        QList<_TableData> after = table.getTableDatas();
+        QCOMPARE(after.size(), rows.size());
+        for (const _TableData& r : rows)
+            QVERIFY(after.removeOne(r));
+
+        for (int row : {-5, -1, 30, 1000, INT_MAX})
+            table.setRowSelected(row);
+        for (int column : {-1, 6, 999}) {
+            table.setColumnHidden(column, true);
+            table.setFrozenViewColumnHidden(column, true);
+        }
+        table.moveUp(rows.first(), -3);
+        table.moveDown(rows.first(), 999, true);
+        table.remove(_TableData());
+        QTest::qWait(1200); // tint time-outs on rows that moved
+        QCOMPARE(table.rowCount(), rows.size());
+    }
+
+    void dictionaryWithNullsAndShortRecords()
+    {
+        std::vector<std::unique_ptr<quickMacroItem>> owned;
+        QVector<quickMacroItem*> dict;
+        for (int i = 0; i < 12; ++i) {
+            owned.emplace_back(new quickMacroItem);
+            for (int t = 0; t < i % 6; ++t)
+                owned.back()->texts << QStringLiteral("60%1").arg(i);
+            dict << owned.back().get() << nullptr;
+        }
+        UxKeyBoradSprit* wizard = UxKeyBoradSprit::initance();
+        wizard->setDictData(dict);
+        wizard->updateResult(QStringLiteral("60"));
+        auto* view = wizard->findChild<QTableView*>();
+        QVERIFY(view);
+        // Only the records with four texts or more can be hits.
+        for (int r = 0; r < view->model()->rowCount(); ++r)
+            QVERIFY(view->model()->index(r, 1).data().toString().startsWith(QStringLiteral("60")));
+        QCOMPARE(view->model()->rowCount(), 4);
+        for (int d : {-1, 0, 1, 7})
+            for (int i = 0; i < 8; ++i)
+                wizard->focusRowChanged(d);
+        QCOMPARE(wizard->dbClicked(view->model()->index(99, 0)), QString());
+        QCOMPARE(wizard->dbClicked(QModelIndex(), true), QString());
+        wizard->updateResult(QString());
+        wizard->setDictData({});
+        wizard->updateResult(QStringLiteral("x"));
+        QCOMPARE(view->model()->rowCount(), 0);
+        wizard->focusRowChanged(1);
+        QCOMPARE(wizard->dbClicked(view->currentIndex(), true), QString());
     }
 
     // --- widgets: out-of-range and nonsense values ---------------------------------------
