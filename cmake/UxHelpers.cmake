@@ -49,7 +49,8 @@ function(ux_generate_umbrella out_file guard)
 endfunction()
 
 # A .qrc listing every file below BASE_DIR under PREFIX, so new resources need
-# no hand-edited resource list.
+# no hand-edited resource list. Further ALIAS=PATH arguments add files from
+# elsewhere under their alias.
 function(ux_generate_qrc out_file prefix base_dir)
     file(GLOB_RECURSE _files CONFIGURE_DEPENDS RELATIVE "${base_dir}" "${base_dir}/*")
     list(FILTER _files EXCLUDE REGEX "(^|/)\\.|\\.qrc$|README")
@@ -57,6 +58,12 @@ function(ux_generate_qrc out_file prefix base_dir)
     set(_text "<!DOCTYPE RCC><RCC version=\"1.0\">\n<qresource prefix=\"${prefix}\">\n")
     foreach(_f IN LISTS _files)
         string(APPEND _text "    <file alias=\"${_f}\">${base_dir}/${_f}</file>\n")
+    endforeach()
+    foreach(_extra IN LISTS ARGN)
+        string(REPLACE "=" ";" _pair "${_extra}")
+        list(GET _pair 0 _alias)
+        list(GET _pair 1 _path)
+        string(APPEND _text "    <file alias=\"${_alias}\">${_path}</file>\n")
     endforeach()
     string(APPEND _text "</qresource>\n</RCC>\n")
     file(CONFIGURE OUTPUT "${out_file}" CONTENT "${_text}" @ONLY)

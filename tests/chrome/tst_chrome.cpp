@@ -126,33 +126,42 @@ private Q_SLOTS:
 
     void shadowPieces_data()
     {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("border"); // -1: the default 8
         QTest::addColumn<QPoint>("point");
         QTest::addColumn<uint>("colour");
-        QTest::newRow("top-left corner") << QPoint(0, 0) << uint(kTopLeft);
-        QTest::newRow("top-left corner, inner pixel") << QPoint(7, 7) << uint(kTopLeft);
-        QTest::newRow("top edge starts after the corner") << QPoint(8, 0) << uint(kTop);
-        QTest::newRow("top edge ends before the corner") << QPoint(191, 7) << uint(kTop);
-        QTest::newRow("top-right corner") << QPoint(192, 0) << uint(kTopRight);
-        QTest::newRow("left edge") << QPoint(0, 8) << uint(kLeft);
-        QTest::newRow("left edge, last row") << QPoint(7, 91) << uint(kLeft);
-        QTest::newRow("right edge") << QPoint(192, 50) << uint(kRight);
-        QTest::newRow("bottom-left corner") << QPoint(0, 92) << uint(kBottomLeft);
-        QTest::newRow("bottom edge") << QPoint(100, 92) << uint(kBottom);
-        QTest::newRow("bottom-right corner") << QPoint(199, 99) << uint(kBottomRight);
-        QTest::newRow("body, top row") << QPoint(100, 8) << uint(kBody);
-        QTest::newRow("body, bottom row") << QPoint(100, 91) << uint(kBody);
-        QTest::newRow("body, left column") << QPoint(8, 50) << uint(kBody);
-        QTest::newRow("body, right column") << QPoint(191, 50) << uint(kBody);
+        const QSize s(200, 100);
+        QTest::newRow("top-left corner") << s << -1 << QPoint(0, 0) << uint(kTopLeft);
+        QTest::newRow("top edge starts after the corner") << s << -1 << QPoint(8, 0) << uint(kTop);
+        QTest::newRow("top edge ends before the corner") << s << -1 << QPoint(191, 7) << uint(kTop);
+        QTest::newRow("top-right corner") << s << -1 << QPoint(192, 0) << uint(kTopRight);
+        QTest::newRow("left edge") << s << -1 << QPoint(0, 8) << uint(kLeft);
+        QTest::newRow("right edge") << s << -1 << QPoint(192, 50) << uint(kRight);
+        QTest::newRow("bottom-left corner") << s << -1 << QPoint(0, 92) << uint(kBottomLeft);
+        QTest::newRow("bottom edge") << s << -1 << QPoint(100, 92) << uint(kBottom);
+        QTest::newRow("bottom-right corner") << s << -1 << QPoint(199, 99) << uint(kBottomRight);
+        QTest::newRow("body, top row") << s << -1 << QPoint(100, 8) << uint(kBody);
+        QTest::newRow("body, right column") << s << -1 << QPoint(191, 50) << uint(kBody);
+        QTest::newRow("zero border, top") << s << 0 << QPoint(100, 0) << uint(kBody);
+        QTest::newRow("zero border, right") << s << 0 << QPoint(199, 50) << uint(kBody);
+        // Narrower than two bands: the right corners start at x = 2 over the
+        // left ones; nothing is clamped and no body shows.
+        const QSize n(10, 10);
+        QTest::newRow("narrow, top-left") << n << -1 << QPoint(1, 0) << uint(kTopLeft);
+        QTest::newRow("narrow, top-right") << n << -1 << QPoint(5, 0) << uint(kTopRight);
+        QTest::newRow("narrow, bottom-right") << n << -1 << QPoint(5, 9) << uint(kBottomRight);
+        QTest::newRow("narrow, bottom-left") << n << -1 << QPoint(1, 9) << uint(kBottomLeft);
     }
-
     void shadowPieces()
     {
+        QFETCH(QSize, size);
+        QFETCH(int, border);
         QFETCH(QPoint, point);
-        QFETCH(uint, colour);
         UxBaseShadowWidget w;
-        w.resize(200, 100);
-        const QImage image = paintedImage(&w);
-        QCOMPARE(opaque(image, point.x(), point.y()), QRgb(colour));
+        w.resize(size);
+        if (border >= 0)
+            w.setWindowBorderWidth(border);
+        QTEST(uint(opaque(paintedImage(&w), point.x(), point.y())), "colour");
     }
 
     void shadowFlags()
@@ -165,31 +174,6 @@ private Q_SLOTS:
         QWidget parent;
         UxBaseShadowWidget child(&parent);
         QCOMPARE(child.windowFlags(), Qt::WindowFlags(Qt::FramelessWindowHint));
-        QVERIFY(!child.isWindow());
-    }
-
-    void shadowZeroBorderIsAllBody()
-    {
-        UxBaseShadowWidget w;
-        w.resize(200, 100);
-        w.setWindowBorderWidth(0);
-        const QImage image = paintedImage(&w);
-        QCOMPARE(opaque(image, 100, 0), kBody);
-        QCOMPARE(opaque(image, 0, 50), kBody);
-        QCOMPARE(opaque(image, 199, 50), kBody);
-    }
-
-    void shadowNarrowerThanTwoBorders()
-    {
-        // 10 x 10 with an 8-pixel band: the right corners start at x = 2 and
-        // are drawn over the left ones; nothing is clamped and no body shows.
-        UxBaseShadowWidget w;
-        w.resize(10, 10);
-        const QImage image = paintedImage(&w);
-        QCOMPARE(opaque(image, 1, 0), kTopLeft);
-        QCOMPARE(opaque(image, 5, 0), kTopRight);
-        QCOMPARE(opaque(image, 5, 9), kBottomRight);
-        QCOMPARE(opaque(image, 1, 9), kBottomLeft);
     }
 
     void shadowDrawFrameSplit()
@@ -217,69 +201,79 @@ private Q_SLOTS:
 
     void edgeHits_data()
     {
+        QTest::addColumn<int>("setup");
         QTest::addColumn<QPoint>("local");
         QTest::addColumn<int>("cursor");
         const int none = Qt::ArrowCursor;
-        QTest::newRow("left band, inner limit") << QPoint(5, 100) << int(Qt::SizeHorCursor);
-        QTest::newRow("just inside the left band") << QPoint(6, 100) << none;
-        QTest::newRow("right band, inner limit") << QPoint(295, 100) << int(Qt::SizeHorCursor);
-        QTest::newRow("just inside the right band") << QPoint(294, 100) << none;
-        QTest::newRow("one pixel past right()") << QPoint(300, 100) << int(Qt::SizeHorCursor);
-        QTest::newRow("two pixels past right()") << QPoint(301, 100) << none;
-        QTest::newRow("top band, inner limit") << QPoint(150, 5) << int(Qt::SizeVerCursor);
-        QTest::newRow("just below the top band") << QPoint(150, 6) << none;
-        QTest::newRow("bottom band, inner limit") << QPoint(150, 195) << int(Qt::SizeVerCursor);
-        QTest::newRow("one pixel past bottom()") << QPoint(150, 200) << int(Qt::SizeVerCursor);
-        QTest::newRow("top-left corner") << QPoint(0, 0) << int(Qt::SizeFDiagCursor);
-        QTest::newRow("bottom-right corner") << QPoint(299, 199) << int(Qt::SizeFDiagCursor);
-        QTest::newRow("bottom-left corner") << QPoint(3, 197) << int(Qt::SizeBDiagCursor);
-        QTest::newRow("top-right corner") << QPoint(297, 2) << int(Qt::SizeBDiagCursor);
-        QTest::newRow("middle") << QPoint(150, 100) << none;
+        QTest::newRow("left band, inner limit") << 0 << QPoint(5, 100) << int(Qt::SizeHorCursor);
+        QTest::newRow("just inside the left band") << 0 << QPoint(6, 100) << none;
+        QTest::newRow("right band, inner limit") << 0 << QPoint(295, 100) << int(Qt::SizeHorCursor);
+        QTest::newRow("just inside the right band") << 0 << QPoint(294, 100) << none;
+        QTest::newRow("one pixel past right()") << 0 << QPoint(300, 100) << int(Qt::SizeHorCursor);
+        QTest::newRow("two pixels past right()") << 0 << QPoint(301, 100) << none;
+        QTest::newRow("top band, inner limit") << 0 << QPoint(150, 5) << int(Qt::SizeVerCursor);
+        QTest::newRow("just below the top band") << 0 << QPoint(150, 6) << none;
+        QTest::newRow("bottom band, inner limit") << 0 << QPoint(150, 195) << int(Qt::SizeVerCursor);
+        QTest::newRow("one pixel past bottom()") << 0 << QPoint(150, 200) << int(Qt::SizeVerCursor);
+        QTest::newRow("top-left corner") << 0 << QPoint(0, 0) << int(Qt::SizeFDiagCursor);
+        QTest::newRow("bottom-right corner") << 0 << QPoint(299, 199) << int(Qt::SizeFDiagCursor);
+        QTest::newRow("bottom-left corner") << 0 << QPoint(3, 197) << int(Qt::SizeBDiagCursor);
+        QTest::newRow("top-right corner") << 0 << QPoint(297, 2) << int(Qt::SizeBDiagCursor);
+        QTest::newRow("middle") << 0 << QPoint(150, 100) << none;
+        QTest::newRow("maximized") << 1 << QPoint(0, 100) << none;
+        QTest::newRow("not resizable") << 2 << QPoint(0, 100) << none;
+        // Another helper's border width applies to every helper.
+        QTest::newRow("shared border width") << 3 << QPoint(10, 100) << int(Qt::SizeHorCursor);
     }
-
     void edgeHits()
     {
+        QFETCH(int, setup);
         QFETCH(QPoint, local);
-        QFETCH(int, cursor);
+        if (setup == 3) {
+            FramelessHelper first;
+            first.setBorderWidth(10);
+            first.setBorderWidth(0); // ignored
+        }
         Target t;
+        if (setup == 1) {
+            t.widget.showMaximized();
+            t.origin = t.widget.frameGeometry().topLeft();
+        }
+        t.helper.setWidgetResizable(setup != 2);
         t.moveTo(local);
-        QCOMPARE(t.cursorShape(), cursor);
-    }
+        QTEST(t.cursorShape(), "cursor");
 
-    void hoverCursorIsSetAndCleared()
-    {
-        Target t;
-        QHoverEvent onEdge(QEvent::HoverMove, QPointF(2, 100), QPointF(50, 50));
-        QCoreApplication::sendEvent(&t.widget, &onEdge);
-        QCOMPARE(t.cursorShape(), int(Qt::SizeHorCursor));
-        QHoverEvent inside(QEvent::HoverMove, QPointF(150, 100), QPointF(2, 100));
+        // A hover event inside the widget clears the edge cursor again.
+        QHoverEvent inside(QEvent::HoverMove, QPointF(150, 100), QPointF(local));
         QCoreApplication::sendEvent(&t.widget, &inside);
-        QCOMPARE(t.cursorShape(), int(Qt::ArrowCursor));
-    }
-
-    void maximizedGetsNoResizeCursor()
-    {
-        Target t;
-        t.widget.showMaximized();
-        t.origin = t.widget.frameGeometry().topLeft();
-        t.moveTo(QPoint(0, 100));
         QCOMPARE(t.cursorShape(), int(Qt::ArrowCursor));
     }
 
     void titleDrag_data()
     {
         QTest::addColumn<int>("y");
+        QTest::addColumn<int>("titleHeight"); // 0: the default 30
+        QTest::addColumn<bool>("movable");
         QTest::addColumn<bool>("moves");
-        QTest::newRow("last row of the title") << 29 << true;
-        QTest::newRow("first row below the title") << 30 << false;
-        QTest::newRow("below the top band") << 6 << true;
+        QTest::newRow("last row of the title") << 29 << 0 << true << true;
+        QTest::newRow("first row below the title") << 30 << 0 << true << false;
+        QTest::newRow("below the top band") << 6 << 0 << true << true;
+        QTest::newRow("not movable") << 15 << 0 << false << false;
+        QTest::newRow("title height set by another helper") << 45 << 50 << true << true;
     }
-
     void titleDrag()
     {
         QFETCH(int, y);
+        QFETCH(int, titleHeight);
+        QFETCH(bool, movable);
         QFETCH(bool, moves);
+        if (titleHeight) {
+            FramelessHelper other;
+            other.setTitleHeight(titleHeight);
+            other.setTitleHeight(0); // ignored
+        }
         Target t;
+        t.helper.setWidgetMovable(movable);
         const QPoint before = t.widget.pos();
         t.press(QPoint(150, y));
         t.moveTo(QPoint(190, y + 25));
@@ -291,129 +285,83 @@ private Q_SLOTS:
         QCOMPARE(t.widget.size(), QSize(300, 200));
     }
 
-    void titleHeightIsShared()
-    {
-        FramelessHelper other;
-        other.setTitleHeight(50);
-        other.setTitleHeight(0);
-        Target t;
-        QCOMPARE(t.helper.titleHeight(), 50u);
-        const QPoint before = t.widget.pos();
-        t.press(QPoint(150, 45));
-        t.moveTo(QPoint(160, 45));
-        QTRY_COMPARE(t.widget.pos(), before + QPoint(10, 0));
-    }
-
-    void notMovable()
-    {
-        Target t;
-        t.helper.setWidgetMovable(false);
-        const QPoint before = t.widget.pos();
-        t.press(QPoint(150, 15));
-        t.moveTo(QPoint(190, 40));
-        QCOMPARE(t.widget.pos(), before);
-    }
-
     void resizeEdges_data()
     {
+        QTest::addColumn<bool>("resizable");
         QTest::addColumn<QPoint>("press");
         QTest::addColumn<QPoint>("to");
         QTest::addColumn<QRect>("expected"); // relative to the original top-left
-        QTest::newRow("right edge wider") << QPoint(298, 100) << QPoint(349, 100) << QRect(0, 0, 350, 200);
-        QTest::newRow("right edge to the minimum") << QPoint(298, 100) << QPoint(199, 100) << QRect(0, 0, 200, 200);
+        QTest::newRow("right edge wider") << true << QPoint(298, 100) << QPoint(349, 100) << QRect(0, 0, 350, 200);
+        QTest::newRow("not resizable") << false << QPoint(298, 100) << QPoint(349, 100) << QRect(0, 0, 300, 200);
+        QTest::newRow("right edge to the minimum") << true << QPoint(298, 100) << QPoint(199, 100) << QRect(0, 0, 200, 200);
         QTest::newRow("right edge below the minimum is refused")
-            << QPoint(298, 100) << QPoint(149, 100) << QRect(0, 0, 300, 200);
-        QTest::newRow("left edge narrower") << QPoint(2, 100) << QPoint(50, 100) << QRect(50, 0, 250, 200);
+            << true << QPoint(298, 100) << QPoint(149, 100) << QRect(0, 0, 300, 200);
+        QTest::newRow("left edge narrower") << true << QPoint(2, 100) << QPoint(50, 100) << QRect(50, 0, 250, 200);
         QTest::newRow("left edge below the minimum is refused")
-            << QPoint(2, 100) << QPoint(150, 100) << QRect(0, 0, 300, 200);
-        QTest::newRow("bottom edge taller") << QPoint(150, 198) << QPoint(150, 259) << QRect(0, 0, 300, 260);
+            << true << QPoint(2, 100) << QPoint(150, 100) << QRect(0, 0, 300, 200);
+        QTest::newRow("bottom edge taller") << true << QPoint(150, 198) << QPoint(150, 259) << QRect(0, 0, 300, 260);
         QTest::newRow("bottom edge below the minimum height is refused")
-            << QPoint(150, 198) << QPoint(150, 80) << QRect(0, 0, 300, 200);
-        QTest::newRow("top edge") << QPoint(150, 1) << QPoint(150, -20) << QRect(0, -20, 300, 220);
-        QTest::newRow("top-left corner") << QPoint(1, 1) << QPoint(-10, -20) << QRect(-10, -20, 310, 220);
-        QTest::newRow("bottom-right corner") << QPoint(299, 199) << QPoint(319, 229) << QRect(0, 0, 320, 230);
+            << true << QPoint(150, 198) << QPoint(150, 80) << QRect(0, 0, 300, 200);
+        QTest::newRow("top edge") << true << QPoint(150, 1) << QPoint(150, -20) << QRect(0, -20, 300, 220);
+        QTest::newRow("top-left corner") << true << QPoint(1, 1) << QPoint(-10, -20) << QRect(-10, -20, 310, 220);
+        QTest::newRow("bottom-right corner") << true << QPoint(299, 199) << QPoint(319, 229) << QRect(0, 0, 320, 230);
         QTest::newRow("corner: width refused, height applied")
-            << QPoint(299, 199) << QPoint(100, 229) << QRect(0, 0, 300, 230);
+            << true << QPoint(299, 199) << QPoint(100, 229) << QRect(0, 0, 300, 230);
         QTest::newRow("top-left corner past the opposite corner does nothing")
-            << QPoint(1, 1) << QPoint(400, 300) << QRect(0, 0, 300, 200);
+            << true << QPoint(1, 1) << QPoint(400, 300) << QRect(0, 0, 300, 200);
     }
 
     void resizeEdges()
     {
+        QFETCH(bool, resizable);
         QFETCH(QPoint, press);
         QFETCH(QPoint, to);
         QFETCH(QRect, expected);
         Target t;
+        t.helper.setWidgetResizable(resizable);
         t.widget.setMinimumSize(200, 100);
         t.press(press);
         t.moveTo(to);
         t.release(to);
+        if (!resizable)
+            QTest::qWait(50);
         QTRY_COMPARE(t.widget.frameGeometry(), expected.translated(t.origin));
     }
 
-    void notResizable()
+    // With a rubber band the widget stays put until the release.
+    void rubberBand_data()
     {
-        Target t;
-        t.helper.setWidgetResizable(false);
-        t.moveTo(QPoint(0, 100));
-        QCOMPARE(t.cursorShape(), int(Qt::ArrowCursor));
-        t.press(QPoint(298, 100));
-        t.moveTo(QPoint(349, 100));
-        QCOMPARE(t.widget.size(), QSize(300, 200));
+        QTest::addColumn<bool>("onMove");
+        QTest::addColumn<QPoint>("press");
+        QTest::addColumn<QPoint>("to");
+        QTest::addColumn<QRect>("expected"); // relative to the original top-left
+        QTest::newRow("move") << true << QPoint(150, 10) << QPoint(170, 40) << QRect(20, 30, 300, 200);
+        QTest::newRow("resize") << false << QPoint(298, 100) << QPoint(349, 100) << QRect(0, 0, 350, 200);
     }
-
-    void borderWidthIsShared()
+    void rubberBand()
     {
-        FramelessHelper first;
-        first.setBorderWidth(10);
-        first.setBorderWidth(0);
-        FramelessHelper second;
-        QCOMPARE(second.borderWidth(), 10u);
+        QFETCH(bool, onMove);
+        QFETCH(QPoint, press);
+        QFETCH(QPoint, to);
+        QFETCH(QRect, expected);
         Target t;
-        t.moveTo(QPoint(10, 100));
-        QCOMPARE(t.cursorShape(), int(Qt::SizeHorCursor));
-    }
-
-    void rubberBandOnMove()
-    {
-        Target t;
-        t.helper.setRubberBandOnMove(true);
+        onMove ? t.helper.setRubberBandOnMove(true) : t.helper.setRubberBandOnResize(true);
         const QRect before = t.widget.frameGeometry();
-        t.press(QPoint(150, 10));
+        // A press that would do the other thing shows no band.
+        t.press(onMove ? QPoint(298, 100) : QPoint(150, 100));
+        QVERIFY(!visibleRubberBand());
+        t.release(onMove ? QPoint(298, 100) : QPoint(150, 100));
+
+        t.press(press);
         QRubberBand* band = visibleRubberBand();
         QVERIFY(band);
         QCOMPARE(band->geometry(), before);
-        t.moveTo(QPoint(170, 40));
-        QTRY_COMPARE(band->geometry().topLeft(), before.topLeft() + QPoint(20, 30));
+        t.moveTo(to);
+        QTRY_COMPARE(band->geometry(), expected.translated(t.origin));
         QCOMPARE(t.widget.frameGeometry(), before);
-        t.release(QPoint(170, 40));
+        t.release(to);
         QVERIFY(!band->isVisible());
-        QTRY_COMPARE(t.widget.frameGeometry(), before.translated(20, 30));
-    }
-
-    void rubberBandOnResize()
-    {
-        Target t;
-        t.helper.setRubberBandOnResize(true);
-        QVERIFY(t.helper.rubberBandOnResisze());
-        const QRect before = t.widget.frameGeometry();
-        t.press(QPoint(298, 100));
-        QRubberBand* band = visibleRubberBand();
-        QVERIFY(band);
-        t.moveTo(QPoint(349, 100));
-        QTRY_COMPARE(band->width(), 350);
-        QCOMPARE(t.widget.frameGeometry(), before);
-        t.release(QPoint(349, 100));
-        QTRY_COMPARE(t.widget.width(), 350);
-
-        // A press in the middle shows no band when only resizing uses one.
-        t.press(QPoint(150, 100));
-        QVERIFY(!visibleRubberBand());
-        t.release(QPoint(150, 100));
-
-        t.helper.setRubberBandOnResize(false);
-        t.press(QPoint(340, 100));
-        QVERIFY(!visibleRubberBand());
+        QTRY_COMPARE(t.widget.frameGeometry(), expected.translated(t.origin));
     }
 
     void widgetEventsAreConsumed()
@@ -448,40 +396,33 @@ private Q_SLOTS:
         QCOMPARE(window.flags(), Qt::WindowFlags(Qt::FramelessWindowHint | Qt::Window));
     }
 
-    void removeRestoresWidget()
+    void removeAndDestructionRestoreWidgets()
     {
         QWidget w;
-        const Qt::WindowFlags original = w.windowFlags();
-        FramelessHelper helper;
-        helper.activateOn(&w);
-        QVERIFY(w.hasMouseTracking());
-        QVERIFY(w.testAttribute(Qt::WA_Hover));
-        w.setWindowFlags(Qt::FramelessWindowHint);
-        // A second activation keeps the first record and its saved flags.
-        helper.activateOn(&w);
-        helper.removeFrom(&w);
-        QCOMPARE(w.windowFlags(), original);
-        QVERIFY(!w.hasMouseTracking());
-        QVERIFY(!w.testAttribute(Qt::WA_Hover));
-
-        // Unknown and null widgets are ignored.
-        QWidget stranger;
-        helper.removeFrom(&stranger);
-        helper.activateOn(nullptr);
-    }
-
-    void destructorRestoresWidgets()
-    {
-        QWidget w;
+        QWidget kept;
         const Qt::WindowFlags original = w.windowFlags();
         {
             FramelessHelper helper;
             helper.setRubberBandOnMove(true);
             helper.activateOn(&w);
+            helper.activateOn(&kept);
+            QVERIFY(w.hasMouseTracking());
+            QVERIFY(w.testAttribute(Qt::WA_Hover));
             w.setWindowFlags(Qt::FramelessWindowHint);
+            kept.setWindowFlags(Qt::FramelessWindowHint);
+            // A second activation keeps the first record and its saved flags.
+            helper.activateOn(&w);
+            helper.removeFrom(&w);
+            QCOMPARE(w.windowFlags(), original);
+            QVERIFY(!w.hasMouseTracking());
+            QVERIFY(!w.testAttribute(Qt::WA_Hover));
+            // Unknown and null widgets are ignored.
+            QWidget stranger;
+            helper.removeFrom(&stranger);
+            helper.activateOn(nullptr);
         }
-        QCOMPARE(w.windowFlags(), original);
-        QVERIFY(!w.testAttribute(Qt::WA_Hover));
+        QCOMPARE(kept.windowFlags(), original);
+        QVERIFY(!kept.testAttribute(Qt::WA_Hover));
     }
 
     void targetsDeletedWhileActivated()
@@ -592,7 +533,6 @@ private Q_SLOTS:
         image = w.grab().toImage();
         QCOMPARE(image.pixelColor(oldAtHalf), QColor(Qt::red));
         QCOMPARE(image.pixelColor(newAtHalf), QColor(Qt::blue));
-        QCOMPARE(w.currentIndex(), 0);
     }
 
     void indexChangesOnlyAfterTheSlide()
@@ -602,7 +542,6 @@ private Q_SLOTS:
         w.addWidget(new QWidget);
         w.resize(200, 40);
         w.setDuration(300);
-        QCOMPARE(w.getDuration(), 300);
         QSignalSpy spy(&w, &UxAnimationStackedWidget::signalFrameIndexChanged);
         w.start(1);
         QCOMPARE(spy.count(), 0);

