@@ -31,7 +31,10 @@ cmake --build "$build" -j"$(nproc)"
 
 export ASAN_OPTIONS="halt_on_error=1:detect_leaks=1:exitcode=23"
 export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:exitcode=23"
-export LSAN_OPTIONS="suppressions=$here/scripts/sanitizers/lsan.supp:print_suppressions=0"
+supp="$(mktemp)"
+trap 'rm -f "$supp"' EXIT
+cat "$here/scripts/sanitizers/lsan.supp" "$here/scripts/sanitizers/lsan-fuzz.supp" >"$supp"
+export LSAN_OPTIONS="suppressions=$supp:print_suppressions=0"
 export QT_QPA_PLATFORM=offscreen
 
 mkdir -p "$build/artifacts"
