@@ -93,7 +93,30 @@ void showAndSettle(QWidget& w)
 
 // ---------------------------------------------------------------- sort
 
+// A live table: loaded once, sorted by the column before (as the peer keeps
+// its numbers in the sort role); each sort starts from an order unrelated to
+// the column, that of the codes.
 void BM_Sort_Ours(benchmark::State& state)
+{
+    const auto order = Qt::SortOrder(state.range(0));
+    UxTableModel model;
+    model.setHeaderDatas(quoteColumns());
+    loadOwned(model, quoteRows(kMarketRows));
+    const int column = columnOf(sortFeild());
+    const int codeColumn = columnOf(QStringLiteral("Code"));
+    model.sort(column, order);
+    for (auto _ : state) {
+        state.PauseTiming();
+        model.sort(codeColumn, Qt::AscendingOrder);
+        state.ResumeTiming();
+        model.sort(column, order);
+    }
+}
+BENCHMARK(BM_Sort_Ours)->Arg(Qt::AscendingOrder)->Arg(Qt::DescendingOrder)->Unit(benchmark::kMillisecond);
+
+// The first sort by the column after the rows were loaded: every text is
+// read and parsed.
+void BM_SortFirst_Ours(benchmark::State& state)
 {
     const auto order = Qt::SortOrder(state.range(0));
     UxTableModel model;
@@ -107,7 +130,7 @@ void BM_Sort_Ours(benchmark::State& state)
         model.sort(column, order);
     }
 }
-BENCHMARK(BM_Sort_Ours)->Arg(Qt::AscendingOrder)->Arg(Qt::DescendingOrder)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SortFirst_Ours)->Arg(Qt::AscendingOrder)->Arg(Qt::DescendingOrder)->Unit(benchmark::kMillisecond);
 
 void BM_Sort_Peer(benchmark::State& state)
 {
