@@ -481,10 +481,10 @@ void UxTableModel::updateRow(const _TableData& row)
             const QString now = QStringLiteral("Now");
             if (column >= 0 && row.values.value(now) != m_datas.at(r).values.value(now)) {
                 const _TableHHeaderData& h = m_headers.at(column);
-                if (row.riseFall == 0)
-                    m_bgColors.insert(index(r, column), h.riseBgColor);
-                else if (row.riseFall == 1)
-                    m_bgColors.insert(index(r, column), h.fallBgColor);
+                if (row.riseFall == 0 || row.riseFall == 1) {
+                    m_bgColors.insert(cellKey(r, column), row.riseFall == 0 ? h.riseBgColor : h.fallBgColor);
+                    m_tintColumnsEnd = qMax(m_tintColumnsEnd, column + 1);
+                }
             }
         }
         if (m_bgColorChangeEnabled) {
@@ -602,7 +602,7 @@ QColor UxTableModel::backgroundColorAt(const QModelIndex& index) const
 {
     if (!validCell(index))
         return QColor();
-    return m_bgColors.value(createIndex(index.row(), index.column()));
+    return m_bgColors.value(cellKey(index.row(), index.column()));
 }
 
 void UxTableModel::slotClearBgColor()
@@ -611,10 +611,8 @@ void UxTableModel::slotClearBgColor()
     if (!timer || m_pendingRows.isEmpty())
         return;
     const int row = m_pendingRows.takeFirst();
-    // Tints are ordered by row, then column: one row's entries are adjacent.
-    auto it = m_bgColors.lowerBound(createIndex(row, 0));
-    while (it != m_bgColors.end() && it.key().row() == row)
-        it = m_bgColors.erase(it);
+    for (int c = 0; c < m_tintColumnsEnd && !m_bgColors.isEmpty(); ++c)
+        m_bgColors.remove(cellKey(row, c));
     if (row < m_datas.size() && !m_headers.isEmpty())
         emit dataChanged(index(row, 0), index(row, m_headers.size() - 1), {Qt::BackgroundRole});
     if (!m_pendingRows.isEmpty() && !timer->isActive())
