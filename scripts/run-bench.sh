@@ -5,11 +5,5 @@
 # --benchmark_filter=Sort.
 set -euo pipefail
 here="$(cd "$(dirname "$0")/.." && pwd)"
-build="${BUILD_DIR:-$here/build}"
-generator=()
-command -v ninja >/dev/null 2>&1 && generator=(-G Ninja)
-if [ ! -f "$build/CMakeCache.txt" ]; then
-    cmake -S "$here" -B "$build" "${generator[@]}" -DCMAKE_BUILD_TYPE="${BUILD_TYPE:-RelWithDebInfo}" >/dev/null
-fi
-cmake --build "$build" --target bench_uicomponents -j"$(nproc)"
-QT_QPA_PLATFORM=offscreen "$build/bench/bench_uicomponents" "$@"
+BUILD_TARGET=bench_uicomponents bash "$here/scripts/build.sh" >/dev/null
+QT_QPA_PLATFORM=offscreen "${BUILD_DIR:-$here/build}/bench/bench_uicomponents" "$@"
