@@ -110,6 +110,26 @@ QStringList codesOf(const QList<_TableData>& rows)
     return codes;
 }
 
+// ACTUAL must be ROWS reordered so that each position holds a key equal to the
+// plain sort's key there.
+void verifySortedLikeReference(const QList<_TableData>& actual, const QList<_TableData>& rows, const QString& feild,
+                               Qt::SortOrder order)
+{
+    const QList<_TableData> expected = ref::sorted(rows, feild, order);
+    QCOMPARE(actual.size(), expected.size());
+    for (int i = 0; i < actual.size(); ++i) {
+        const QVariant a = ref::key(actual.at(i), feild);
+        const QVariant e = ref::key(expected.at(i), feild);
+        if (ref::lessThan(a, e) || ref::lessThan(e, a))
+            QFAIL(qPrintable(QStringLiteral("row %1: %2 where %3 belongs").arg(i).arg(a.toString(), e.toString())));
+    }
+    // Same rows, only reordered.
+    QStringList before = codesOf(rows), after = codesOf(actual);
+    std::sort(before.begin(), before.end());
+    std::sort(after.begin(), after.end());
+    QCOMPARE(after, before);
+}
+
 // A view shown offscreen with rows and the quote columns.
 struct ShownView
 {
@@ -180,6 +200,7 @@ private Q_SLOTS:
     void sortKeyParsing();
     void sortMatchesReference_data();
     void sortMatchesReference();
+    void sortAgainAfterChanges();
     void sortExamplesAndOddKeys();
     void updateRowFindsFirstMatch();
     void updateAllRowsNeedsSameLength();
@@ -476,20 +497,48 @@ void TstTableCore::sortMatchesReference()
     QCOMPARE(changed.count(), 1);
     QCOMPARE(changed.at(0).at(1).toModelIndex(), model.index(rows.size() - 1, model.columnCount() - 1));
 
-    const QList<_TableData> expected = ref::sorted(rows, feild, Qt::SortOrder(order));
-    const QList<_TableData> actual = model.tableDatas();
-    QCOMPARE(actual.size(), expected.size());
-    for (int i = 0; i < actual.size(); ++i) {
-        const QVariant a = ref::key(actual.at(i), feild);
-        const QVariant e = ref::key(expected.at(i), feild);
-        if (ref::lessThan(a, e) || ref::lessThan(e, a))
-            QFAIL(qPrintable(QStringLiteral("row %1: %2 where %3 belongs").arg(i).arg(a.toString(), e.toString())));
+    verifySortedLikeReference(model.tableDatas(), rows, feild, Qt::SortOrder(order));
+}
+
+// The kept keys of the column sorted last follow every change of the rows:
+// each sort still equals the plain one over the rows as they are then.
+void TstTableCore::sortAgainAfterChanges()
+{
+    QRandomGenerator rng(77);
+    QList<_TableData> rows;
+    for (int i = 0; i < 1200; ++i)
+        rows << makeRow(QString::number(100000 + i), 1, {{QStringLiteral("Amount"), mixedValue(rng)}});
+    UxTableModel model;
+    model.setHeaderDatas(quoteColumns());
+    model.setTableData(rows);
+    const int amount = 10;
+    const QString feild = QStringLiteral("Amount");
+    model.sort(amount, Qt::AscendingOrder);
+
+    for (int round = 0; round < 8; ++round) {
+        const int n = model.rowCount();
+        for (int i = 0; i < 60; ++i) {
+            _TableData u = model.tableDatas().at(rng.bounded(n));
+            u.values.insert(feild, mixedValue(rng));
+            model.updateRow(u);
+        }
+        for (int i = 0; i < 30; ++i)
+            QVERIFY(model.setData(model.index(rng.bounded(n), amount), mixedValue(rng)));
+        if (round % 3 == 1)
+            model.sort(1, Qt::DescendingOrder); // by code: the kept keys move with the rows
+        if (round == 5) {
+            QList<_TableData> fresh;
+            for (int i = 0; i < 900; ++i)
+                fresh << makeRow(QString::number(300000 + i), 1, {{feild, mixedValue(rng)}});
+            model.setTableData(fresh);
+        }
+        const QList<_TableData> before = model.tableDatas();
+        const auto order = round % 2 ? Qt::AscendingOrder : Qt::DescendingOrder;
+        model.sort(amount, order);
+        verifySortedLikeReference(model.tableDatas(), before, feild, order);
+        if (QTest::currentTestFailed())
+            return;
     }
-    // Same rows, only reordered.
-    QStringList before = codesOf(rows), after = codesOf(actual);
-    std::sort(before.begin(), before.end());
-    std::sort(after.begin(), after.end());
-    QCOMPARE(after, before);
 }
 
 void TstTableCore::sortExamplesAndOddKeys()
