@@ -181,6 +181,19 @@ struct RequestLog
     }
 };
 
+// The table's own delegate, noting every cell it paints.
+class NotingDelegate : public UxTableDelegate
+{
+public:
+    using UxTableDelegate::UxTableDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        painted << index;
+        UxTableDelegate::paint(painter, option, index);
+    }
+    mutable QModelIndexList painted;
+};
+
 } // namespace
 
 class TstTableCore : public QObject
@@ -217,6 +230,8 @@ private Q_SLOTS:
     void columnWidths_data();
     void columnWidths();
     void frozenViewGeometryAndSync();
+    void frozenAreaPaintedOnce_data();
+    void frozenAreaPaintedOnce();
     void requestsFollowScrollBar();
     void noRequestsWithoutPageRows();
     void sliderDefersRequests();
@@ -942,6 +957,85 @@ void TstTableCore::frozenViewGeometryAndSync()
     QCOMPARE(view.contextMenuPolicy(), Qt::CustomContextMenu);
     view.setTableViewCustomContexrtMenuEnable(false);
     QCOMPARE(view.contextMenuPolicy(), Qt::NoContextMenu);
+}
+
+void TstTableCore::frozenAreaPaintedOnce_data()
+{
+    QTest::addColumn<int>("scrollX"); // columns: the table scrolls per item
+    QTest::addColumn<int>("selectedRow");
+    QTest::addColumn<QString>("frozenSheet");
+    QTest::addColumn<bool>("covers");
+    const QString plain = QStringLiteral("QTableView {border: none;}");
+    QTest::newRow("at the left") << 0 << -1 << plain << true;
+    QTest::newRow("scrolled right") << 2 << -1 << plain << true;
+    QTest::newRow("row selected") << 0 << 2 << plain << true;
+    QTest::newRow("frozen view with a right border")
+        << 1 << 1 << QStringLiteral("QTableView {border: none; border-right: 1px solid #ff0000;}") << true;
+    QTest::newRow("see-through frozen view")
+        << 3 << -1 << QStringLiteral("QTableView {border: none; background: transparent;}") << false;
+}
+
+// Cells that the frozen view hides are left to it, and the table looks as
+// if the main view had painted everything and the frozen view on top.
+void TstTableCore::frozenAreaPaintedOnce()
+{
+    QFETCH(int, scrollX);
+    QFETCH(int, selectedRow);
+    QFETCH(QString, frozenSheet);
+    QFETCH(bool, covers);
+
+    ShownView shown(0, 20);
+    UxTableView& view = shown.view;
+    QList<_TableData> rows;
+    for (int r = 0; r < 40; ++r) {
+        QMap<QString, QString> values;
+        for (const char* f : {"Now", "Open", "High", "Low", "Amount"})
+            values.insert(QString::fromLatin1(f), QString::number(10 + r * 7 % 13) + QStringLiteral(".25"));
+        rows << makeRow(QString::number(600000 + r), 1, values, r % 3 - 1);
+    }
+    view.slotCreateTableData(rows);
+    QTableView* frozen = view.frozenView();
+    frozen->setStyleSheet(frozenSheet);
+    NotingDelegate noting(&view);
+    view.setItemDelegate(&noting);
+    view.horizontalScrollBar()->setValue(scrollX);
+    QCOMPARE(view.horizontalScrollBar()->value(), scrollX);
+    if (selectedRow >= 0)
+        view.selectRow(selectedRow);
+    QCoreApplication::processEvents();
+
+    noting.painted.clear();
+    const QImage actual = view.grab().toImage();
+    const QModelIndexList painted = noting.painted;
+
+    const QPixmap frozenPixmap = frozen->grab();
+    frozen->hide();
+    QImage expected = view.grab().toImage();
+    frozen->show();
+    {
+        QPainter painter(&expected);
+        painter.drawPixmap(frozen->pos(), frozenPixmap);
+    }
+    QCOMPARE(actual.convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
+
+    // Which cells the main view itself painted.
+    const QRect covered(frozen->viewport()->mapTo(&view, QPoint()) - view.viewport()->mapTo(&view, QPoint()),
+                        frozen->viewport()->size());
+    int under = 0;
+    for (const QModelIndex& index : painted) {
+        if (covered.contains(view.visualRect(index)))
+            ++under;
+    }
+    QVERIFY(!painted.isEmpty());
+    if (covers)
+        QCOMPARE(under, 0);
+    else
+        QVERIFY(under > 0);
+    // The main view still paints the columns right of the frozen area.
+    bool lastColumn = false;
+    for (const QModelIndex& index : painted)
+        lastColumn = lastColumn || index.column() == view.horizontalHeader()->logicalIndexAt(view.viewport()->width() - 1);
+    QVERIFY(lastColumn);
 }
 
 void TstTableCore::requestsFollowScrollBar()

@@ -100,6 +100,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     // Keeps the frozen view over the viewport when scroll bars come and go.
     void updateGeometries() override;
 
@@ -107,6 +108,7 @@ private:
     void initFrozenTableView();
     void connectSignals();
     void updateFrozenTableGeometry();
+    QRect frozenCoverage() const;
     void calcPageRows();
     void requestSubPages(int start);
     int clampedEndRow(int start) const;
