@@ -226,6 +226,8 @@ private Q_SLOTS:
     // delegate
     void delegateKeepsModelColourWhenSelected_data();
     void delegateKeepsModelColourWhenSelected();
+    void delegateRuleIsAHairline_data();
+    void delegateRuleIsAHairline();
     // view
     void columnWidths_data();
     void columnWidths();
@@ -852,6 +854,66 @@ void TstTableCore::delegateKeepsModelColourWhenSelected()
     // The bottom rule in the view's alternate-base colour.
     QCOMPARE(image.pixelColor(60, 29), QColor(0, 200, 0));
     QCOMPARE(image.pixelColor(60, 28), QColor(0, 0, 255));
+}
+
+void TstTableCore::delegateRuleIsAHairline_data()
+{
+    QTest::addColumn<Qt::PenStyle>("gridStyle");
+    QTest::addColumn<QTransform>("transform");
+    QTest::addColumn<bool>("antialiased");
+    QTest::newRow("plain") << Qt::SolidLine << QTransform() << false;
+    QTest::newRow("moved") << Qt::SolidLine << QTransform::fromTranslate(7, -3) << false;
+    QTest::newRow("moved half a pixel") << Qt::SolidLine << QTransform::fromTranslate(0.5, 0.5) << false;
+    QTest::newRow("scaled") << Qt::SolidLine << QTransform::fromScale(2, 2) << false;
+    QTest::newRow("antialiased") << Qt::SolidLine << QTransform() << true;
+    QTest::newRow("dashed grid") << Qt::DashLine << QTransform() << false;
+}
+
+// Whatever the painter, the rule is the hairline from the cell's bottom-left
+// to its bottom-right corner in the view's alternate-base colour.
+void TstTableCore::delegateRuleIsAHairline()
+{
+    QFETCH(Qt::PenStyle, gridStyle);
+    QFETCH(QTransform, transform);
+    QFETCH(bool, antialiased);
+
+    QTableView view;
+    QPalette viewPalette = view.palette();
+    viewPalette.setColor(QPalette::AlternateBase, QColor(0, 200, 0));
+    view.setPalette(viewPalette);
+    view.setGridStyle(gridStyle);
+    UxTableDelegate delegate(&view);
+    QItemDelegate plain;
+
+    UxTableModel model;
+    model.setHeaderDatas({column(QStringLiteral("Now"))});
+    model.setTableData({makeRow(QStringLiteral("1"), 1, {{QStringLiteral("Now"), QStringLiteral("12.5")}})});
+    QStyleOptionViewItem option;
+    option.rect = QRect(10, 5, 120, 30);
+    option.state = QStyle::State_Enabled;
+
+    auto paint = [&](bool reference) {
+        QImage image(300, 100, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setTransform(transform);
+        painter.setRenderHint(QPainter::Antialiasing, antialiased);
+        painter.setPen(QColor(1, 2, 3));
+        if (!reference) {
+            delegate.paint(&painter, option, model.index(0, 0));
+        } else {
+            plain.paint(&painter, option, model.index(0, 0));
+            painter.setPen(QPen(QBrush(QColor(0, 200, 0)), 0, gridStyle, Qt::SquareCap, Qt::BevelJoin));
+            painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        }
+        // The painter's pen is handed back as it was.
+        if (!reference && painter.pen() != QPen(QColor(1, 2, 3)))
+            return QImage();
+        return image;
+    };
+    const QImage ours = paint(false);
+    QVERIFY(!ours.isNull());
+    QCOMPARE(ours, paint(true));
 }
 
 // ---------------------------------------------------------------- view
