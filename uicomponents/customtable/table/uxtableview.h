@@ -36,6 +36,8 @@ class UxTableDelegate;
 // - setRowSelected() scrolls the row into view when it is off screen.
 // - The frozen view hands keyboard focus to this view, so keys behave the
 //   same wherever the row was clicked.
+// - Cells lying under the frozen view are not painted by this view while
+//   the frozen view is shown with an opaque background; it covers them.
 class UxTableView : public QTableView, public IUxSkin
 {
     Q_OBJECT
