@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Configures and builds the tree into BUILD_DIR (default: build/).
+# Configures and builds the tree into BUILD_DIR (default: build/); only the
+# target BUILD_TARGET when that is set.
 set -euo pipefail
 here="$(cd "$(dirname "$0")/.." && pwd)"
 build="${BUILD_DIR:-$here/build}"
@@ -10,4 +11,4 @@ if [ ! -f "$build/CMakeCache.txt" ]; then
 else
     cmake -S "$here" -B "$build" "$@" >/dev/null
 fi
-cmake --build "$build" -j"$(nproc)"
+cmake --build "$build" -j"$(nproc)" ${BUILD_TARGET:+--target "$BUILD_TARGET"}

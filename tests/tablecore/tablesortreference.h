@@ -3,7 +3,7 @@
 
 // The quote table's sort key and comparison written out the plain way: keys
 // computed inside every comparison, the conversion chosen by the left key.
-// The tests check the model's sort against it; the benchmark measures it.
+// The tests check the model's sort against it.
 
 #include "uxtabledefines.h"
 

@@ -110,6 +110,26 @@ QStringList codesOf(const QList<_TableData>& rows)
     return codes;
 }
 
+// ACTUAL must be ROWS reordered so that each position holds a key equal to the
+// plain sort's key there.
+void verifySortedLikeReference(const QList<_TableData>& actual, const QList<_TableData>& rows, const QString& feild,
+                               Qt::SortOrder order)
+{
+    const QList<_TableData> expected = ref::sorted(rows, feild, order);
+    QCOMPARE(actual.size(), expected.size());
+    for (int i = 0; i < actual.size(); ++i) {
+        const QVariant a = ref::key(actual.at(i), feild);
+        const QVariant e = ref::key(expected.at(i), feild);
+        if (ref::lessThan(a, e) || ref::lessThan(e, a))
+            QFAIL(qPrintable(QStringLiteral("row %1: %2 where %3 belongs").arg(i).arg(a.toString(), e.toString())));
+    }
+    // Same rows, only reordered.
+    QStringList before = codesOf(rows), after = codesOf(actual);
+    std::sort(before.begin(), before.end());
+    std::sort(after.begin(), after.end());
+    QCOMPARE(after, before);
+}
+
 // A view shown offscreen with rows and the quote columns.
 struct ShownView
 {
@@ -161,6 +181,19 @@ struct RequestLog
     }
 };
 
+// The table's own delegate, noting every cell it paints.
+class NotingDelegate : public UxTableDelegate
+{
+public:
+    using UxTableDelegate::UxTableDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        painted << index;
+        UxTableDelegate::paint(painter, option, index);
+    }
+    mutable QModelIndexList painted;
+};
+
 } // namespace
 
 class TstTableCore : public QObject
@@ -180,6 +213,7 @@ private Q_SLOTS:
     void sortKeyParsing();
     void sortMatchesReference_data();
     void sortMatchesReference();
+    void sortAgainAfterChanges();
     void sortExamplesAndOddKeys();
     void updateRowFindsFirstMatch();
     void updateAllRowsNeedsSameLength();
@@ -192,10 +226,14 @@ private Q_SLOTS:
     // delegate
     void delegateKeepsModelColourWhenSelected_data();
     void delegateKeepsModelColourWhenSelected();
+    void delegateRuleIsAHairline_data();
+    void delegateRuleIsAHairline();
     // view
     void columnWidths_data();
     void columnWidths();
     void frozenViewGeometryAndSync();
+    void frozenAreaPaintedOnce_data();
+    void frozenAreaPaintedOnce();
     void requestsFollowScrollBar();
     void noRequestsWithoutPageRows();
     void sliderDefersRequests();
@@ -476,20 +514,48 @@ void TstTableCore::sortMatchesReference()
     QCOMPARE(changed.count(), 1);
     QCOMPARE(changed.at(0).at(1).toModelIndex(), model.index(rows.size() - 1, model.columnCount() - 1));
 
-    const QList<_TableData> expected = ref::sorted(rows, feild, Qt::SortOrder(order));
-    const QList<_TableData> actual = model.tableDatas();
-    QCOMPARE(actual.size(), expected.size());
-    for (int i = 0; i < actual.size(); ++i) {
-        const QVariant a = ref::key(actual.at(i), feild);
-        const QVariant e = ref::key(expected.at(i), feild);
-        if (ref::lessThan(a, e) || ref::lessThan(e, a))
-            QFAIL(qPrintable(QStringLiteral("row %1: %2 where %3 belongs").arg(i).arg(a.toString(), e.toString())));
+    verifySortedLikeReference(model.tableDatas(), rows, feild, Qt::SortOrder(order));
+}
+
+// The kept keys of the column sorted last follow every change of the rows:
+// each sort still equals the plain one over the rows as they are then.
+void TstTableCore::sortAgainAfterChanges()
+{
+    QRandomGenerator rng(77);
+    QList<_TableData> rows;
+    for (int i = 0; i < 1200; ++i)
+        rows << makeRow(QString::number(100000 + i), 1, {{QStringLiteral("Amount"), mixedValue(rng)}});
+    UxTableModel model;
+    model.setHeaderDatas(quoteColumns());
+    model.setTableData(rows);
+    const int amount = 10;
+    const QString feild = QStringLiteral("Amount");
+    model.sort(amount, Qt::AscendingOrder);
+
+    for (int round = 0; round < 8; ++round) {
+        const int n = model.rowCount();
+        for (int i = 0; i < 60; ++i) {
+            _TableData u = model.tableDatas().at(rng.bounded(n));
+            u.values.insert(feild, mixedValue(rng));
+            model.updateRow(u);
+        }
+        for (int i = 0; i < 30; ++i)
+            QVERIFY(model.setData(model.index(rng.bounded(n), amount), mixedValue(rng)));
+        if (round % 3 == 1)
+            model.sort(1, Qt::DescendingOrder); // by code: the kept keys move with the rows
+        if (round == 5) {
+            QList<_TableData> fresh;
+            for (int i = 0; i < 900; ++i)
+                fresh << makeRow(QString::number(300000 + i), 1, {{feild, mixedValue(rng)}});
+            model.setTableData(fresh);
+        }
+        const QList<_TableData> before = model.tableDatas();
+        const auto order = round % 2 ? Qt::AscendingOrder : Qt::DescendingOrder;
+        model.sort(amount, order);
+        verifySortedLikeReference(model.tableDatas(), before, feild, order);
+        if (QTest::currentTestFailed())
+            return;
     }
-    // Same rows, only reordered.
-    QStringList before = codesOf(rows), after = codesOf(actual);
-    std::sort(before.begin(), before.end());
-    std::sort(after.begin(), after.end());
-    QCOMPARE(after, before);
 }
 
 void TstTableCore::sortExamplesAndOddKeys()
@@ -790,6 +856,66 @@ void TstTableCore::delegateKeepsModelColourWhenSelected()
     QCOMPARE(image.pixelColor(60, 28), QColor(0, 0, 255));
 }
 
+void TstTableCore::delegateRuleIsAHairline_data()
+{
+    QTest::addColumn<Qt::PenStyle>("gridStyle");
+    QTest::addColumn<QTransform>("transform");
+    QTest::addColumn<bool>("antialiased");
+    QTest::newRow("plain") << Qt::SolidLine << QTransform() << false;
+    QTest::newRow("moved") << Qt::SolidLine << QTransform::fromTranslate(7, -3) << false;
+    QTest::newRow("moved half a pixel") << Qt::SolidLine << QTransform::fromTranslate(0.5, 0.5) << false;
+    QTest::newRow("scaled") << Qt::SolidLine << QTransform::fromScale(2, 2) << false;
+    QTest::newRow("antialiased") << Qt::SolidLine << QTransform() << true;
+    QTest::newRow("dashed grid") << Qt::DashLine << QTransform() << false;
+}
+
+// Whatever the painter, the rule is the hairline from the cell's bottom-left
+// to its bottom-right corner in the view's alternate-base colour.
+void TstTableCore::delegateRuleIsAHairline()
+{
+    QFETCH(Qt::PenStyle, gridStyle);
+    QFETCH(QTransform, transform);
+    QFETCH(bool, antialiased);
+
+    QTableView view;
+    QPalette viewPalette = view.palette();
+    viewPalette.setColor(QPalette::AlternateBase, QColor(0, 200, 0));
+    view.setPalette(viewPalette);
+    view.setGridStyle(gridStyle);
+    UxTableDelegate delegate(&view);
+    QItemDelegate plain;
+
+    UxTableModel model;
+    model.setHeaderDatas({column(QStringLiteral("Now"))});
+    model.setTableData({makeRow(QStringLiteral("1"), 1, {{QStringLiteral("Now"), QStringLiteral("12.5")}})});
+    QStyleOptionViewItem option;
+    option.rect = QRect(10, 5, 120, 30);
+    option.state = QStyle::State_Enabled;
+
+    auto paint = [&](bool reference) {
+        QImage image(300, 100, QImage::Format_ARGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setTransform(transform);
+        painter.setRenderHint(QPainter::Antialiasing, antialiased);
+        painter.setPen(QColor(1, 2, 3));
+        if (!reference) {
+            delegate.paint(&painter, option, model.index(0, 0));
+        } else {
+            plain.paint(&painter, option, model.index(0, 0));
+            painter.setPen(QPen(QBrush(QColor(0, 200, 0)), 0, gridStyle, Qt::SquareCap, Qt::BevelJoin));
+            painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+        }
+        // The painter's pen is handed back as it was.
+        if (!reference && painter.pen() != QPen(QColor(1, 2, 3)))
+            return QImage();
+        return image;
+    };
+    const QImage ours = paint(false);
+    QVERIFY(!ours.isNull());
+    QCOMPARE(ours, paint(true));
+}
+
 // ---------------------------------------------------------------- view
 
 void TstTableCore::columnWidths_data()
@@ -893,6 +1019,85 @@ void TstTableCore::frozenViewGeometryAndSync()
     QCOMPARE(view.contextMenuPolicy(), Qt::CustomContextMenu);
     view.setTableViewCustomContexrtMenuEnable(false);
     QCOMPARE(view.contextMenuPolicy(), Qt::NoContextMenu);
+}
+
+void TstTableCore::frozenAreaPaintedOnce_data()
+{
+    QTest::addColumn<int>("scrollX"); // columns: the table scrolls per item
+    QTest::addColumn<int>("selectedRow");
+    QTest::addColumn<QString>("frozenSheet");
+    QTest::addColumn<bool>("covers");
+    const QString plain = QStringLiteral("QTableView {border: none;}");
+    QTest::newRow("at the left") << 0 << -1 << plain << true;
+    QTest::newRow("scrolled right") << 2 << -1 << plain << true;
+    QTest::newRow("row selected") << 0 << 2 << plain << true;
+    QTest::newRow("frozen view with a right border")
+        << 1 << 1 << QStringLiteral("QTableView {border: none; border-right: 1px solid #ff0000;}") << true;
+    QTest::newRow("see-through frozen view")
+        << 3 << -1 << QStringLiteral("QTableView {border: none; background: transparent;}") << false;
+}
+
+// Cells that the frozen view hides are left to it, and the table looks as
+// if the main view had painted everything and the frozen view on top.
+void TstTableCore::frozenAreaPaintedOnce()
+{
+    QFETCH(int, scrollX);
+    QFETCH(int, selectedRow);
+    QFETCH(QString, frozenSheet);
+    QFETCH(bool, covers);
+
+    ShownView shown(0, 20);
+    UxTableView& view = shown.view;
+    QList<_TableData> rows;
+    for (int r = 0; r < 40; ++r) {
+        QMap<QString, QString> values;
+        for (const char* f : {"Now", "Open", "High", "Low", "Amount"})
+            values.insert(QString::fromLatin1(f), QString::number(10 + r * 7 % 13) + QStringLiteral(".25"));
+        rows << makeRow(QString::number(600000 + r), 1, values, r % 3 - 1);
+    }
+    view.slotCreateTableData(rows);
+    QTableView* frozen = view.frozenView();
+    frozen->setStyleSheet(frozenSheet);
+    NotingDelegate noting(&view);
+    view.setItemDelegate(&noting);
+    view.horizontalScrollBar()->setValue(scrollX);
+    QCOMPARE(view.horizontalScrollBar()->value(), scrollX);
+    if (selectedRow >= 0)
+        view.selectRow(selectedRow);
+    QCoreApplication::processEvents();
+
+    noting.painted.clear();
+    const QImage actual = view.grab().toImage();
+    const QModelIndexList painted = noting.painted;
+
+    const QPixmap frozenPixmap = frozen->grab();
+    frozen->hide();
+    QImage expected = view.grab().toImage();
+    frozen->show();
+    {
+        QPainter painter(&expected);
+        painter.drawPixmap(frozen->pos(), frozenPixmap);
+    }
+    QCOMPARE(actual.convertToFormat(QImage::Format_ARGB32), expected.convertToFormat(QImage::Format_ARGB32));
+
+    // Which cells the main view itself painted.
+    const QRect covered(frozen->viewport()->mapTo(&view, QPoint()) - view.viewport()->mapTo(&view, QPoint()),
+                        frozen->viewport()->size());
+    int under = 0;
+    for (const QModelIndex& index : painted) {
+        if (covered.contains(view.visualRect(index)))
+            ++under;
+    }
+    QVERIFY(!painted.isEmpty());
+    if (covers)
+        QCOMPARE(under, 0);
+    else
+        QVERIFY(under > 0);
+    // The main view still paints the columns right of the frozen area.
+    bool lastColumn = false;
+    for (const QModelIndex& index : painted)
+        lastColumn = lastColumn || index.column() == view.horizontalHeader()->logicalIndexAt(view.viewport()->width() - 1);
+    QVERIFY(lastColumn);
 }
 
 void TstTableCore::requestsFollowScrollBar()

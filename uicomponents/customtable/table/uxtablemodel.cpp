@@ -95,28 +95,6 @@ NumberKey parseNumber(const QString& text)
     return k;
 }
 
-// Sign of (u - d), exact for every pair.
-int compareUnsignedDouble(qulonglong u, double d)
-{
-    if (d < 0)
-        return 1;
-    if (d >= 18446744073709551616.0)
-        return -1;
-    const qulonglong t = qulonglong(d);
-    if (u != t)
-        return u < t ? -1 : 1;
-    return d > double(t) ? -1 : 0;
-}
-
-int compareNumbers(const NumberKey& a, const NumberKey& b)
-{
-    if (a.unit && b.unit)
-        return a.u < b.u ? -1 : (a.u > b.u ? 1 : 0);
-    if (!a.unit && !b.unit)
-        return a.d < b.d ? -1 : (b.d < a.d ? 1 : 0);
-    return a.unit ? compareUnsignedDouble(a.u, b.d) : -compareUnsignedDouble(b.u, a.d);
-}
-
 bool allAsciiDigits(const QString& s)
 {
     for (QChar c : s) {
@@ -126,11 +104,10 @@ bool allAsciiDigits(const QString& s)
     return true;
 }
 
-// One row's sort key, parsed once per sort.
+// One row's text or time sort key, parsed once per sort.
 struct SortItem
 {
     int row = 0;
-    NumberKey number;
     int msecs = 0;
     QString text;
     bool digitsOnly = false;
@@ -271,6 +248,8 @@ bool UxTableModel::setData(const QModelIndex& index, const QVariant& value, int 
         if (stored == text)
             return true;
         stored = text;
+        if (feild == m_keyFeild && size_t(index.row()) < m_keys.size())
+            m_keys[size_t(index.row())].stale = true;
     }
     emit dataChanged(index, index, {Qt::EditRole});
     return true;
@@ -287,71 +266,147 @@ void UxTableModel::sort(int column, Qt::SortOrder order)
         ? KeyFamily::Time
         : ((feild == QLatin1String("Code") || feild == QLatin1String("Name")) ? KeyFamily::Text : KeyFamily::Number);
 
-    // Decorate: every key is parsed exactly once.
-    std::vector<SortItem> items(static_cast<size_t>(rows));
-    auto nullEnd = items.begin();
-    std::vector<SortItem> nulls;
-    for (int i = 0; i < rows; ++i) {
-        const _TableData& r = m_datas.at(i);
-        SortItem item;
-        item.row = i;
-        bool isNull = false;
-        switch (family) {
-        case KeyFamily::Time: {
-            const QTime t = QTime::fromString(r.values.value(QStringLiteral("Time")), Qt::ISODate);
-            isNull = !t.isValid();
-            item.msecs = t.msecsSinceStartOfDay();
-            break;
+    // The new order as old row numbers, null keys last.
+    std::vector<int> sorted;
+    sorted.reserve(static_cast<size_t>(rows));
+    if (family == KeyFamily::Number) {
+        sortNumbers(column, order, sorted);
+    } else {
+        // Decorate: every key is parsed exactly once.
+        std::vector<SortItem> items;
+        items.reserve(static_cast<size_t>(rows));
+        std::vector<int> nulls;
+        for (int i = 0; i < rows; ++i) {
+            const _TableData& r = m_datas.at(i);
+            SortItem item;
+            item.row = i;
+            bool isNull = false;
+            if (family == KeyFamily::Time) {
+                const QTime t = QTime::fromString(r.values.value(QStringLiteral("Time")), Qt::ISODate);
+                isNull = !t.isValid();
+                item.msecs = t.msecsSinceStartOfDay();
+            } else {
+                item.text = r.code;
+                isNull = item.text.isEmpty();
+                item.digitsOnly = allAsciiDigits(item.text);
+            }
+            if (isNull)
+                nulls.push_back(i);
+            else
+                items.push_back(std::move(item));
         }
-        case KeyFamily::Text:
-            item.text = r.code;
-            isNull = item.text.isEmpty();
-            item.digitsOnly = allAsciiDigits(item.text);
-            break;
-        case KeyFamily::Number:
-            item.number = parseNumber(r.values.value(feild));
-            isNull = !item.number.unit && std::isnan(item.number.d);
-            break;
-        }
-        if (isNull)
-            nulls.push_back(std::move(item));
-        else
-            *nullEnd++ = std::move(item);
-    }
 
-    auto compare = [family](const SortItem& a, const SortItem& b) -> int {
-        switch (family) {
-        case KeyFamily::Time:
-            return a.msecs < b.msecs ? -1 : (a.msecs > b.msecs ? 1 : 0);
-        case KeyFamily::Text:
+        auto compare = [family](const SortItem& a, const SortItem& b) -> int {
+            if (family == KeyFamily::Time)
+                return a.msecs < b.msecs ? -1 : (a.msecs > b.msecs ? 1 : 0);
             // Plain digit strings collate in code-unit order in every locale.
             if (a.digitsOnly && b.digitsOnly)
                 return a.text.compare(b.text);
             return QString::localeAwareCompare(a.text, b.text);
-        case KeyFamily::Number:
-            break;
+        };
+        if (order == Qt::AscendingOrder) {
+            std::stable_sort(items.begin(), items.end(),
+                             [&compare](const SortItem& a, const SortItem& b) { return compare(a, b) < 0; });
+        } else {
+            std::stable_sort(items.begin(), items.end(),
+                             [&compare](const SortItem& a, const SortItem& b) { return compare(b, a) < 0; });
         }
-        return compareNumbers(a.number, b.number);
-    };
-    if (order == Qt::AscendingOrder) {
-        std::stable_sort(items.begin(), nullEnd,
-                         [&compare](const SortItem& a, const SortItem& b) { return compare(a, b) < 0; });
-    } else {
-        std::stable_sort(items.begin(), nullEnd,
-                         [&compare](const SortItem& a, const SortItem& b) { return compare(b, a) < 0; });
+        for (const SortItem& item : items)
+            sorted.push_back(item.row);
+        sorted.insert(sorted.end(), nulls.begin(), nulls.end());
     }
-    std::move(nulls.begin(), nulls.end(), nullEnd);
 
-    // Undecorate.
-    QList<_TableData> sorted;
-    sorted.reserve(rows);
-    for (const SortItem& item : items)
-        sorted.append(m_datas.at(item.row));
-    m_datas.swap(sorted);
+    applyOrder(sorted);
     m_rowIndexDirty = true;
 
     if (!m_headers.isEmpty())
         emit dataChanged(index(0, 0), index(rows - 1, m_headers.size() - 1));
+}
+
+void UxTableModel::sortNumbers(int column, Qt::SortOrder order, std::vector<int>& result)
+{
+    const QString& feild = m_headers.at(column).feild;
+    const size_t rows = static_cast<size_t>(m_datas.size());
+    if (m_keyFeild != feild || m_keys.size() != rows) {
+        m_keyFeild = feild;
+        m_keys.assign(rows, NumberSortKey());
+    }
+
+    struct Item
+    {
+        double hi;
+        quint64 lo;
+        int row;
+    };
+    std::vector<Item> items;
+    items.reserve(rows);
+    std::vector<int> nulls;
+    for (size_t i = 0; i < rows; ++i) {
+        NumberSortKey& key = m_keys[i];
+        if (key.stale) {
+            const NumberKey k = parseNumber(m_datas.at(int(i)).values.value(feild));
+            key.stale = false;
+            key.isNull = !k.unit && std::isnan(k.d);
+            if (!k.unit) {
+                key.hi = k.d;
+                key.lo = 0;
+            } else {
+                double h = double(k.u);
+                if (h >= 18446744073709551616.0 || qulonglong(h) > k.u)
+                    h = std::nextafter(h, 0.0);
+                key.hi = h;
+                key.lo = k.u - qulonglong(h);
+            }
+        }
+        if (key.isNull)
+            nulls.push_back(int(i));
+        else
+            items.push_back(Item{key.hi, key.lo, int(i)});
+    }
+
+    // Ties keep their previous order in both directions.
+    if (order == Qt::AscendingOrder) {
+        std::sort(items.begin(), items.end(), [](const Item& a, const Item& b) {
+            if (a.hi != b.hi)
+                return a.hi < b.hi;
+            return a.lo != b.lo ? a.lo < b.lo : a.row < b.row;
+        });
+    } else {
+        std::sort(items.begin(), items.end(), [](const Item& a, const Item& b) {
+            if (a.hi != b.hi)
+                return a.hi > b.hi;
+            return a.lo != b.lo ? a.lo > b.lo : a.row < b.row;
+        });
+    }
+    for (const Item& item : items)
+        result.push_back(item.row);
+    result.insert(result.end(), nulls.begin(), nulls.end());
+}
+
+void UxTableModel::applyOrder(const std::vector<int>& order)
+{
+    // Row I takes old row ORDER[I]; cycles are followed with pointer swaps,
+    // so no row is copied (unless the list is still shared with a caller).
+    std::vector<int> from(order);
+    const int rows = int(from.size());
+    for (int i = 0; i < rows; ++i) {
+        int j = i;
+        while (from[size_t(j)] != i) {
+            const int next = from[size_t(j)];
+            m_datas.swapItemsAt(j, next);
+            from[size_t(j)] = j;
+            j = next;
+        }
+        from[size_t(j)] = j;
+    }
+
+    if (!m_keys.empty()) {
+        std::vector<NumberSortKey> keys;
+        keys.reserve(m_keys.size());
+        for (int row : order)
+            keys.push_back(m_keys[size_t(row)]);
+        m_keys.swap(keys);
+    }
 }
 
 void UxTableModel::setHeaderDatas(const QList<_TableHHeaderData>& headers)
@@ -377,6 +432,8 @@ void UxTableModel::setTableData(const QList<_TableData>& datas)
     m_bgColors.clear();
     m_datas = datas;
     m_rowIndexDirty = true;
+    m_keyFeild.clear();
+    m_keys.clear();
     endResetModel();
 }
 
@@ -424,10 +481,10 @@ void UxTableModel::updateRow(const _TableData& row)
             const QString now = QStringLiteral("Now");
             if (column >= 0 && row.values.value(now) != m_datas.at(r).values.value(now)) {
                 const _TableHHeaderData& h = m_headers.at(column);
-                if (row.riseFall == 0)
-                    m_bgColors.insert(index(r, column), h.riseBgColor);
-                else if (row.riseFall == 1)
-                    m_bgColors.insert(index(r, column), h.fallBgColor);
+                if (row.riseFall == 0 || row.riseFall == 1) {
+                    m_bgColors.insert(cellKey(r, column), row.riseFall == 0 ? h.riseBgColor : h.fallBgColor);
+                    m_tintColumnsEnd = qMax(m_tintColumnsEnd, column + 1);
+                }
             }
         }
         if (m_bgColorChangeEnabled) {
@@ -435,6 +492,8 @@ void UxTableModel::updateRow(const _TableData& row)
             m_pendingRows.append(r);
         }
         m_datas[r] = row;
+        if (size_t(r) < m_keys.size())
+            m_keys[size_t(r)].stale = true;
         if (!m_headers.isEmpty())
             emit dataChanged(index(r, 0), index(r, m_headers.size() - 1));
     }
@@ -543,7 +602,7 @@ QColor UxTableModel::backgroundColorAt(const QModelIndex& index) const
 {
     if (!validCell(index))
         return QColor();
-    return m_bgColors.value(createIndex(index.row(), index.column()));
+    return m_bgColors.value(cellKey(index.row(), index.column()));
 }
 
 void UxTableModel::slotClearBgColor()
@@ -552,10 +611,8 @@ void UxTableModel::slotClearBgColor()
     if (!timer || m_pendingRows.isEmpty())
         return;
     const int row = m_pendingRows.takeFirst();
-    // Tints are ordered by row, then column: one row's entries are adjacent.
-    auto it = m_bgColors.lowerBound(createIndex(row, 0));
-    while (it != m_bgColors.end() && it.key().row() == row)
-        it = m_bgColors.erase(it);
+    for (int c = 0; c < m_tintColumnsEnd && !m_bgColors.isEmpty(); ++c)
+        m_bgColors.remove(cellKey(row, c));
     if (row < m_datas.size() && !m_headers.isEmpty())
         emit dataChanged(index(row, 0), index(row, m_headers.size() - 1), {Qt::BackgroundRole});
     if (!m_pendingRows.isEmpty() && !timer->isActive())

@@ -12,6 +12,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <vector>
+
 class QTimer;
 
 // Item model of the quote table: one row per instrument (_TableData), one
@@ -27,7 +29,10 @@ class QTimer;
 // - updateRow() finds its row through a hash on (key, code, market), so the
 //   cost of an update does not depend on the number of rows. The first row
 //   with the triple wins, as a scan from the top would find.
-// - sort() parses every row's key once, then sorts the parsed keys. All
+// - sort() parses every row's key once, then sorts the parsed keys. The
+//   parsed keys of the numeric field sorted last are kept, in step with the
+//   rows, so sorting it again (the other way, or after quote updates) only
+//   re-parses the rows that changed since. All
 //   numeric keys are ordered by value (a 万/亿 key by its unsigned integer, a
 //   plain or % key by its double), which agrees with the pairwise rules of
 //   lessThan (conversion follows the left key) wherever those rules are
@@ -104,14 +109,31 @@ private:
         return h;
     }
 
+    // A numeric sort key as a pair that orders like the exact value: the
+    // largest double not above it, then the integer remainder (non-zero only
+    // for 万/亿 keys beyond 2^53).
+    struct NumberSortKey
+    {
+        double hi = 0.0;
+        quint64 lo = 0;
+        bool isNull = false;
+        bool stale = true;
+    };
+
     bool validCell(const QModelIndex& index) const;
+    static quint64 cellKey(int row, int column) { return (quint64(quint32(row)) << 32) | quint32(column); }
+    void applyOrder(const std::vector<int>& order);
+    void sortNumbers(int column, Qt::SortOrder order, std::vector<int>& result);
     void rebuildRowIndex() const;
     int lastPriceColumn() const;
 
     QList<_TableHHeaderData> m_headers;
     QList<_TableData> m_datas;
     QMap<QString, int> m_sortStates;
-    QMap<QModelIndex, QColor> m_bgColors;
+    // Tinted cells by (row << 32 | column): a hash, not an ordered map, so a
+    // tint costs the same in a table of 1,000 rows as in one of 32,760.
+    QHash<quint64, QColor> m_bgColors;
+    int m_tintColumnsEnd = 0; // one past the highest column ever tinted
     bool m_bgColorChangeEnabled = false;
     bool m_isPageChanged = false;
     bool m_sortIndicatorShown = true;
@@ -123,6 +145,10 @@ private:
     // changes that may move or rename rows.
     mutable QHash<RowId, int> m_rowIndex;
     mutable bool m_rowIndexDirty = true;
+
+    // Parsed keys of m_keyFeild, one per row; empty when none are kept.
+    QString m_keyFeild;
+    std::vector<NumberSortKey> m_keys;
 };
 
 #endif // UXTABLEMODEL_H

@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QPaintEvent>
 #include <QScrollBar>
 
 namespace {
@@ -610,6 +611,36 @@ void UxTableView::showEvent(QShowEvent* event)
 void UxTableView::hideEvent(QHideEvent* event)
 {
     QTableView::hideEvent(event);
+}
+
+QRect UxTableView::frozenCoverage() const
+{
+    if (!m_pFrozenView || !m_pFrozenView->isVisible())
+        return QRect();
+    // Only an opaque background hides what lies underneath. A style sheet
+    // turns the fill off and paints its background instead; it also puts
+    // that colour in the palette, so the palette tells in both cases.
+    const QWidget* frozen = m_pFrozenView->viewport();
+    const bool filled = frozen->autoFillBackground() || frozen->testAttribute(Qt::WA_StyledBackground);
+    if (!filled || !frozen->palette().brush(frozen->backgroundRole()).isOpaque())
+        return QRect();
+    const QPoint offset = frozen->mapTo(this, QPoint()) - viewport()->mapTo(this, QPoint());
+    return QRect(offset, frozen->size()) & viewport()->rect();
+}
+
+void UxTableView::paintEvent(QPaintEvent* event)
+{
+    // The frozen view repaints whatever lies under it: leave those cells out.
+    const QRect covered = frozenCoverage();
+    if (covered.isEmpty() || !event->region().intersects(covered)) {
+        QTableView::paintEvent(event);
+        return;
+    }
+    const QRegion rest = event->region().subtracted(covered);
+    if (rest.isEmpty())
+        return;
+    QPaintEvent uncovered(rest);
+    QTableView::paintEvent(&uncovered);
 }
 
 void UxTableView::updateGeometries()

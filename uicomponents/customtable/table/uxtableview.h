@@ -36,6 +36,8 @@ class UxTableDelegate;
 // - setRowSelected() scrolls the row into view when it is off screen.
 // - The frozen view hands keyboard focus to this view, so keys behave the
 //   same wherever the row was clicked.
+// - Cells lying under the frozen view are not painted by this view while
+//   the frozen view is shown with an opaque background; it covers them.
 class UxTableView : public QTableView, public IUxSkin
 {
     Q_OBJECT
@@ -100,6 +102,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     // Keeps the frozen view over the viewport when scroll bars come and go.
     void updateGeometries() override;
 
@@ -107,6 +110,7 @@ private:
     void initFrozenTableView();
     void connectSignals();
     void updateFrozenTableGeometry();
+    QRect frozenCoverage() const;
     void calcPageRows();
     void requestSubPages(int start);
     int clampedEndRow(int start) const;
