@@ -216,6 +216,9 @@ bool GalleryWindow::writeScreenshots(const QString& dir)
         return false;
     }
     const QString startSkin = UxCore::instance()->getCurrentSkinId();
+    // Without a window manager nothing activates the window, and focus-driven
+    // widgets (the keyboard wizard) would never see their line edit focused.
+    QApplication::setActiveWindow(this);
     // A still ticker: a roll caught half-way shows two lines on top of each other.
     m_ticker->barMsgEnable(false);
     m_newsTimer->stop();

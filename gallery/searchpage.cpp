@@ -53,6 +53,7 @@ SearchPage::SearchPage(const QVector<quickMacroItem*>& dictionary, QWidget* pare
     form->addRow(QStringLiteral("结果"), m_log);
     layout->addWidget(box, 0, Qt::AlignTop | Qt::AlignLeft);
     auto* hint = new QLabel(QStringLiteral("提示: 在行情报价页的表格上直接输入字母或数字, 右下角弹出快捷搜索."), this);
+    hint->setObjectName(QStringLiteral("galleryHint"));
     layout->addWidget(hint);
     layout->addStretch();
 }
