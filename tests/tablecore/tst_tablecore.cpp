@@ -194,6 +194,30 @@ public:
     mutable QModelIndexList painted;
 };
 
+// A one-cell "Now" table and the delegate of a view whose rule colour is green.
+struct DelegateRig
+{
+    QTableView view;
+    UxTableDelegate delegate{&view};
+    UxTableModel model;
+    DelegateRig(bool changeColor, const QString& now)
+    {
+        QPalette viewPalette = view.palette();
+        viewPalette.setColor(QPalette::AlternateBase, QColor(0, 200, 0));
+        view.setPalette(viewPalette);
+        model.setHeaderDatas({column(QStringLiteral("Now"), changeColor)});
+        model.setTableData({makeRow(QStringLiteral("1"), 1, {{QStringLiteral("Now"), now}}, 0)});
+    }
+};
+
+class ProbeView : public UxTableView
+{
+public:
+    using UxTableView::moveCursor;
+    using UxTableView::scrollTo;
+    QModelIndex moveLeft() { return moveCursor(MoveLeft, Qt::NoModifier); }
+};
+
 } // namespace
 
 class TstTableCore : public QObject
@@ -206,7 +230,7 @@ private Q_SLOTS:
     void displayByFieldKind();
     void riseFallColours_data();
     void riseFallColours();
-    void headerCaptionsAndArrows();
+    void sortStatesAndArrows();
     void badIndexesGiveNothing();
     void setDataStoresAndSignals();
     void sortKeyParsing_data();
@@ -214,7 +238,8 @@ private Q_SLOTS:
     void sortMatchesReference_data();
     void sortMatchesReference();
     void sortAgainAfterChanges();
-    void sortExamplesAndOddKeys();
+    void sortExamples_data();
+    void sortExamples();
     void updateRowFindsFirstMatch();
     void updateAllRowsNeedsSameLength();
     void tintSetAndCleared();
@@ -222,7 +247,6 @@ private Q_SLOTS:
     void tintConditions();
     void visibleCodes_data();
     void visibleCodes();
-    void sortStates();
     // delegate
     void delegateKeepsModelColourWhenSelected_data();
     void delegateKeepsModelColourWhenSelected();
@@ -236,7 +260,6 @@ private Q_SLOTS:
     void frozenAreaPaintedOnce();
     void requestsFollowScrollBar();
     void noRequestsWithoutPageRows();
-    void sliderDefersRequests();
     void headerClickRequestsSort();
     void headerClickWhenSortingLocally();
     void keys();
@@ -342,37 +365,47 @@ void TstTableCore::riseFallColours()
         QCOMPARE(colour.value<QColor>(), expected);
 }
 
-void TstTableCore::headerCaptionsAndArrows()
+void TstTableCore::sortStatesAndArrows()
 {
     UxTableModel model;
     model.setHeaderDatas(quoteColumns());
     QSignalSpy headerSpy(&model, &QAbstractItemModel::headerDataChanged);
+    auto caption = [&model](int c) { return model.headerData(c, Qt::Horizontal).toString(); };
 
-    QCOMPARE(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("Now"));
+    QCOMPARE(caption(3), QStringLiteral("Now"));
     model.toggleSortState(3);
-    QCOMPARE(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("Now↑"));
+    QCOMPARE(caption(3), QStringLiteral("Now↑"));
     model.toggleSortState(3);
-    QCOMPARE(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("Now↓"));
+    QCOMPARE(caption(3), QStringLiteral("Now↓"));
     model.toggleSortState(3);
-    QCOMPARE(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("Now↑"));
+    QCOMPARE(caption(3), QStringLiteral("Now↑"));
     QVERIFY(headerSpy.count() >= 3);
-
     model.setSortIndicatorShown(false);
-    QCOMPARE(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("Now"));
+    QCOMPARE(caption(3), QStringLiteral("Now"));
     model.setSortIndicatorShown(true);
-
     // Another column takes the arrow away from the first.
     model.toggleSortState(4);
-    QCOMPARE(model.headerData(3, Qt::Horizontal).toString(), QStringLiteral("Now"));
-    QCOMPARE(model.headerData(4, Qt::Horizontal).toString(), QStringLiteral("Open↑"));
-
-    QCOMPARE(model.headerData(4, Qt::Horizontal, Qt::TextAlignmentRole).toInt(),
-             int(Qt::AlignRight | Qt::AlignVCenter));
-    QCOMPARE(model.headerData(4, Qt::Vertical, Qt::TextAlignmentRole).toInt(),
-             int(Qt::AlignRight | Qt::AlignVCenter));
+    QCOMPARE(caption(3), QStringLiteral("Now"));
+    QCOMPARE(caption(4), QStringLiteral("Open↑"));
+    QCOMPARE(model.headerData(4, Qt::Horizontal, Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight | Qt::AlignVCenter));
     QVERIFY(!model.headerData(4, Qt::Vertical, Qt::DisplayRole).isValid());
     QVERIFY(!model.headerData(model.columnCount(), Qt::Horizontal).isValid());
     QVERIFY(!model.headerData(-1, Qt::Horizontal).isValid());
+
+    model.setSortState(QStringLiteral("Now"), UxSortDescending);
+    QCOMPARE(model.sortState(3), int(UxSortDescending));
+    QCOMPARE(model.sortState(4), 0);
+    model.toggleSortState(3);
+    QCOMPARE(model.sortState(3), int(UxSortAscending));
+    model.setSortState(QStringLiteral("Open"), UxSortAscending);
+    QCOMPARE(model.sortState(3), 0);
+    // A new column list keeps the states of fields that remain.
+    QList<_TableHHeaderData> cols = quoteColumns();
+    cols.removeAt(3);
+    model.setHeaderDatas(cols);
+    QCOMPARE(model.sortState(3), int(UxSortAscending)); // "Open" moved to 3
+    model.toggleSortState(99);
+    QCOMPARE(model.sortState(3), int(UxSortAscending));
 }
 
 void TstTableCore::badIndexesGiveNothing()
@@ -439,23 +472,9 @@ void TstTableCore::setDataStoresAndSignals()
 void TstTableCore::sortKeyParsing_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("yi") << QStringLiteral("1.20亿");
-    QTest::newRow("wan") << QStringLiteral("9.90万");
-    QTest::newRow("percent") << QStringLiteral("12.5%");
-    QTest::newRow("junk") << QStringLiteral("abc");
-    QTest::newRow("wan without point") << QStringLiteral("12万");
-    QTest::newRow("negative wan") << QStringLiteral("-1.50万");
-    QTest::newRow("two points") << QStringLiteral("1.2.3万");
-    QTest::newRow("point before unit") << QStringLiteral("5.万");
-    QTest::newRow("unit in text") << QStringLiteral("约1.5万");
-    QTest::newRow("fullwidth digits") << QStringLiteral("１.５万");
-    QTest::newRow("whole percent") << QStringLiteral("3%");
-    QTest::newRow("bare percent") << QStringLiteral("%");
-    QTest::newRow("negative percent") << QStringLiteral("-2.5%");
-    QTest::newRow("plain") << QStringLiteral("-17.25");
-    QTest::newRow("spaces") << QStringLiteral(" 42 ");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("both units") << QStringLiteral("1.5亿2.5万");
+    for (const char* t : {"1.20亿", "9.90万", "12.5%", "abc", "12万", "-1.50万", "1.2.3万", "5.万", "约1.5万", "１.５万",
+                          "3%", "%", "-2.5%", "-17.25", " 42 ", "", "1.5亿2.5万"})
+        QTest::newRow(t) << QString::fromUtf8(t);
 }
 
 void TstTableCore::sortKeyParsing()
@@ -471,13 +490,9 @@ void TstTableCore::sortMatchesReference_data()
 {
     QTest::addColumn<QString>("feild");
     QTest::addColumn<int>("order");
-    for (int order : {int(Qt::AscendingOrder), int(Qt::DescendingOrder)}) {
-        const char* dir = order == Qt::AscendingOrder ? "asc" : "desc";
-        QTest::newRow(qPrintable(QStringLiteral("mixed units %1").arg(QLatin1String(dir)))) << "Amount" << order;
-        QTest::newRow(qPrintable(QStringLiteral("code %1").arg(QLatin1String(dir)))) << "Code" << order;
-        QTest::newRow(qPrintable(QStringLiteral("name %1").arg(QLatin1String(dir)))) << "Name" << order;
-        QTest::newRow(qPrintable(QStringLiteral("time %1").arg(QLatin1String(dir)))) << "Time" << order;
-    }
+    for (int order : {int(Qt::AscendingOrder), int(Qt::DescendingOrder)})
+        for (const char* f : {"Amount", "Code", "Name", "Time"})
+            QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(f)).arg(order))) << f << order;
 }
 
 void TstTableCore::sortMatchesReference()
@@ -558,50 +573,41 @@ void TstTableCore::sortAgainAfterChanges()
     }
 }
 
-void TstTableCore::sortExamplesAndOddKeys()
+void TstTableCore::sortExamples_data()
 {
+    QTest::addColumn<int>("col");
+    QTest::addColumn<int>("order");
+    QTest::addColumn<QStringList>("codes"); // each code is also its amount
+    QTest::addColumn<QStringList>("expected");
+    const QStringList units = {"1.20亿", "9.90万", "12.5%", "abc"};
+    const QStringList timed = {"300", "", "100", "200"};
+    QTest::newRow("units up") << 10 << 0 << units << QStringList({"abc", "12.5%", "9.90万", "1.20亿"});
+    QTest::newRow("units down") << 10 << 1 << units << QStringList({"1.20亿", "9.90万", "12.5%", "abc"});
+    // A negative unit value wraps above every positive one; negative plain numbers stay below.
+    QTest::newRow("negatives") << 10 << 0 << QStringList({"3", "-1.50万", "-5", "1.20万", "12万"})
+                               << QStringList({"-5", "12万", "3", "1.20万", "-1.50万"});
+    QTest::newRow("stable") << 10 << 0 << QStringList({"b", "a", "c"}) << QStringList({"b", "a", "c"});
+    // Empty codes and unreadable times have no place in the order: they end up last.
+    QTest::newRow("code down") << 1 << 1 << timed << QStringList({"300", "200", "100", ""});
+    QTest::newRow("name sorts by code") << 2 << 0 << timed << QStringList({"100", "200", "300", ""});
+    QTest::newRow("time down") << 11 << 1 << timed << QStringList({"200", "300", "100", ""});
+}
+
+void TstTableCore::sortExamples()
+{
+    QFETCH(int, col);
+    QFETCH(int, order);
+    QFETCH(QStringList, codes);
+    QFETCH(QStringList, expected);
+    const QMap<QString, QString> times = {{"300", "10:00:00"}, {"", "junk"}, {"100", "09:30:00"}, {"200", "14:59:59"}};
+    QList<_TableData> rows;
+    for (const QString& t : codes)
+        rows << makeRow(t, 1, {{QStringLiteral("Amount"), t}, {QStringLiteral("Time"), times.value(t)}}, 0, t);
     UxTableModel model;
     model.setHeaderDatas(quoteColumns());
-    const int amount = 10, time = 11;
-    auto amounts = [&model](const QStringList& texts) {
-        QList<_TableData> rows;
-        for (const QString& t : texts)
-            rows << makeRow(t, 1, {{QStringLiteral("Amount"), t}}, 0, t);
-        model.setTableData(rows);
-    };
-
-    amounts({QStringLiteral("1.20亿"), QStringLiteral("9.90万"), QStringLiteral("12.5%"), QStringLiteral("abc")});
-    model.sort(amount, Qt::AscendingOrder);
-    QCOMPARE(codesOf(model.tableDatas()),
-             QStringList({"abc", "12.5%", "9.90万", "1.20亿"}));
-    model.sort(amount, Qt::DescendingOrder);
-    QCOMPARE(codesOf(model.tableDatas()),
-             QStringList({"1.20亿", "9.90万", "12.5%", "abc"}));
-
-    // A negative unit value wraps above every positive value; negative plain
-    // numbers stay below. No crash on the mix.
-    amounts({QStringLiteral("3"), QStringLiteral("-1.50万"), QStringLiteral("-5"), QStringLiteral("1.20万"),
-             QStringLiteral("12万")});
-    model.sort(amount, Qt::AscendingOrder);
-    QCOMPARE(codesOf(model.tableDatas()), QStringList({"-5", "12万", "3", "1.20万", "-1.50万"}));
-
-    // Equal keys keep their order.
-    amounts({QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("c")});
-    model.sort(amount, Qt::AscendingOrder);
-    QCOMPARE(codesOf(model.tableDatas()), QStringList({"b", "a", "c"}));
-
-    // Empty codes and unreadable times have no place in the order: they end up last.
-    QList<_TableData> rows = {makeRow(QStringLiteral("300"), 1, {{QStringLiteral("Time"), QStringLiteral("10:00:00")}}),
-                              makeRow(QString(), 1, {{QStringLiteral("Time"), QStringLiteral("junk")}}),
-                              makeRow(QStringLiteral("100"), 1, {{QStringLiteral("Time"), QStringLiteral("09:30:00")}}),
-                              makeRow(QStringLiteral("200"), 1, {{QStringLiteral("Time"), QStringLiteral("14:59:59")}})};
     model.setTableData(rows);
-    model.sort(1, Qt::DescendingOrder);
-    QCOMPARE(codesOf(model.tableDatas()), QStringList({"300", "200", "100", ""}));
-    model.sort(2, Qt::AscendingOrder); // "Name" sorts by code
-    QCOMPARE(codesOf(model.tableDatas()), QStringList({"100", "200", "300", ""}));
-    model.sort(time, Qt::DescendingOrder);
-    QCOMPARE(codesOf(model.tableDatas()), QStringList({"200", "300", "100", ""}));
+    model.sort(col, Qt::SortOrder(order));
+    QCOMPARE(codesOf(model.tableDatas()), expected);
 }
 
 void TstTableCore::updateRowFindsFirstMatch()
@@ -777,27 +783,6 @@ void TstTableCore::visibleCodes()
     QCOMPARE(model.visibleCodes(first, count), expected);
 }
 
-void TstTableCore::sortStates()
-{
-    UxTableModel model;
-    model.setHeaderDatas(quoteColumns());
-    model.setSortState(QStringLiteral("Now"), UxSortDescending);
-    QCOMPARE(model.sortState(3), int(UxSortDescending));
-    model.toggleSortState(3);
-    QCOMPARE(model.sortState(3), int(UxSortAscending));
-    model.setSortState(QStringLiteral("Open"), UxSortAscending);
-    QCOMPARE(model.sortState(3), 0);
-    QCOMPARE(model.sortState(4), int(UxSortAscending));
-
-    // A new column list keeps the states of fields that remain.
-    QList<_TableHHeaderData> cols = quoteColumns();
-    cols.removeAt(3);
-    model.setHeaderDatas(cols);
-    QCOMPARE(model.sortState(3), int(UxSortAscending)); // "Open" moved to 3
-    model.toggleSortState(99);
-    QCOMPARE(model.sortState(3), int(UxSortAscending));
-}
-
 // ---------------------------------------------------------------- delegate
 
 void TstTableCore::delegateKeepsModelColourWhenSelected_data()
@@ -810,16 +795,7 @@ void TstTableCore::delegateKeepsModelColourWhenSelected_data()
 void TstTableCore::delegateKeepsModelColourWhenSelected()
 {
     QFETCH(bool, changeColor);
-    QTableView view;
-    QPalette viewPalette = view.palette();
-    viewPalette.setColor(QPalette::AlternateBase, QColor(0, 200, 0));
-    view.setPalette(viewPalette);
-    UxTableDelegate delegate(&view);
-
-    UxTableModel model;
-    model.setHeaderDatas({column(QStringLiteral("Now"), changeColor)});
-    model.setTableData({makeRow(QStringLiteral("1"), 1, {{QStringLiteral("Now"), QStringLiteral("8888")}}, 0)});
-
+    DelegateRig rig(changeColor, QStringLiteral("8888"));
     QImage image(120, 30, QImage::Format_ARGB32);
     image.fill(Qt::black);
     QStyleOptionViewItem option;
@@ -831,9 +807,8 @@ void TstTableCore::delegateKeepsModelColourWhenSelected()
     option.font.setBold(true);
     {
         QPainter painter(&image);
-        delegate.paint(&painter, option, model.index(0, 0));
+        rig.delegate.paint(&painter, option, rig.model.index(0, 0));
     }
-
     int red = 0, white = 0;
     for (int y = 0; y < 29; ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -844,13 +819,8 @@ void TstTableCore::delegateKeepsModelColourWhenSelected()
                 ++white;
         }
     }
-    if (changeColor) {
-        QVERIFY2(red > 10, qPrintable(QString::number(red)));
-        QCOMPARE(white, 0);
-    } else {
-        QVERIFY2(white > 10, qPrintable(QString::number(white)));
-        QCOMPARE(red, 0);
-    }
+    QVERIFY2((changeColor ? red : white) > 10, qPrintable(QStringLiteral("%1 %2").arg(red).arg(white)));
+    QCOMPARE(changeColor ? white : red, 0);
     // The bottom rule in the view's alternate-base colour.
     QCOMPARE(image.pixelColor(60, 29), QColor(0, 200, 0));
     QCOMPARE(image.pixelColor(60, 28), QColor(0, 0, 255));
@@ -877,17 +847,9 @@ void TstTableCore::delegateRuleIsAHairline()
     QFETCH(QTransform, transform);
     QFETCH(bool, antialiased);
 
-    QTableView view;
-    QPalette viewPalette = view.palette();
-    viewPalette.setColor(QPalette::AlternateBase, QColor(0, 200, 0));
-    view.setPalette(viewPalette);
-    view.setGridStyle(gridStyle);
-    UxTableDelegate delegate(&view);
+    DelegateRig rig(false, QStringLiteral("12.5"));
+    rig.view.setGridStyle(gridStyle);
     QItemDelegate plain;
-
-    UxTableModel model;
-    model.setHeaderDatas({column(QStringLiteral("Now"))});
-    model.setTableData({makeRow(QStringLiteral("1"), 1, {{QStringLiteral("Now"), QStringLiteral("12.5")}})});
     QStyleOptionViewItem option;
     option.rect = QRect(10, 5, 120, 30);
     option.state = QStyle::State_Enabled;
@@ -900,9 +862,9 @@ void TstTableCore::delegateRuleIsAHairline()
         painter.setRenderHint(QPainter::Antialiasing, antialiased);
         painter.setPen(QColor(1, 2, 3));
         if (!reference) {
-            delegate.paint(&painter, option, model.index(0, 0));
+            rig.delegate.paint(&painter, option, rig.model.index(0, 0));
         } else {
-            plain.paint(&painter, option, model.index(0, 0));
+            plain.paint(&painter, option, rig.model.index(0, 0));
             painter.setPen(QPen(QBrush(QColor(0, 200, 0)), 0, gridStyle, Qt::SquareCap, Qt::BevelJoin));
             painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
         }
@@ -929,7 +891,6 @@ void TstTableCore::columnWidths_data()
     QTest::newRow("eighteen overflow") << 18 << 0 << 80;
     QTest::newRow("hidden columns dropped") << 12 << 2 << (1400 - 65) / 9;
     QTest::newRow("one column") << 1 << 0 << 80;
-    QTest::newRow("no columns") << 0 << 0 << 80;
 }
 
 void TstTableCore::columnWidths()
@@ -938,8 +899,7 @@ void TstTableCore::columnWidths()
     QFETCH(int, hiddenInList);
     QFETCH(int, section);
 
-    UxTableView view;
-    QCOMPARE(view.size(), QSize(1400, 600));
+    UxTableView view; // 1400 wide
     QList<_TableHHeaderData> cols;
     for (int i = 0; i < columns; ++i)
         cols << column(i == 0 ? QString() : QStringLiteral("F%1").arg(i));
@@ -954,18 +914,9 @@ void TstTableCore::columnWidths()
     for (int c = 0; c < n; ++c) {
         QCOMPARE(frozen->isColumnHidden(c), c > 2);
         QCOMPARE(view.columnWidth(c), c == 0 ? 60 : section);
+        if (c < 3)
+            QCOMPARE(frozen->columnWidth(c), view.columnWidth(c));
     }
-    if (n > 2) {
-        QCOMPARE(frozen->columnWidth(0), 60);
-        QCOMPARE(frozen->columnWidth(1), section);
-        QCOMPARE(frozen->columnWidth(2), section);
-    }
-    QCOMPARE(view.horizontalHeader()->height(), 27);
-    QCOMPARE(view.verticalHeader()->defaultSectionSize(), 30);
-    QVERIFY(view.verticalHeader()->isHidden());
-    QVERIFY(!view.showGrid());
-    QCOMPARE(view.selectionBehavior(), QAbstractItemView::SelectRows);
-    QCOMPARE(view.editTriggers(), QAbstractItemView::NoEditTriggers);
     QCOMPARE(frozen->selectionModel(), view.selectionModel());
     QCOMPARE(frozen->itemDelegate(), view.itemDelegate());
     QCOMPARE(frozen->model(), view.model());
@@ -984,8 +935,6 @@ void TstTableCore::frozenViewGeometryAndSync()
     QVERIFY(frozen->isVisible());
     QCOMPARE(frozen->geometry(), expectedGeometry());
     QCOMPARE(frozen->width(), 60 + 2 * ((1400 - 65) / 9));
-    QCOMPARE(frozen->horizontalHeader()->height(), 27);
-    QCOMPARE(frozen->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
 
     // Widths follow in both directions.
     view.setColumnWidth(1, 200);
@@ -1000,7 +949,6 @@ void TstTableCore::frozenViewGeometryAndSync()
 
     view.resize(900, 400);
     QTRY_COMPARE(frozen->geometry(), expectedGeometry());
-    QCOMPARE(frozen->height(), view.viewport()->height() + 27);
 
     // The two views scroll together.
     view.verticalScrollBar()->setValue(7);
@@ -1012,13 +960,8 @@ void TstTableCore::frozenViewGeometryAndSync()
     QVERIFY(frozen->isColumnHidden(1));
     view.setFrozenViewColumnHidden(99, false);
     view.setFrozenViewColumnHidden(-1, false);
-    view.setFrozenViewHHeaderResizeMode(QHeaderView::Fixed);
-    QCOMPARE(frozen->horizontalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
     view.setTableViewCustomContexrtMenuEnable(true);
     QCOMPARE(frozen->contextMenuPolicy(), Qt::CustomContextMenu);
-    QCOMPARE(view.contextMenuPolicy(), Qt::CustomContextMenu);
-    view.setTableViewCustomContexrtMenuEnable(false);
-    QCOMPARE(view.contextMenuPolicy(), Qt::NoContextMenu);
 }
 
 void TstTableCore::frozenAreaPaintedOnce_data()
@@ -1148,6 +1091,18 @@ void TstTableCore::requestsFollowScrollBar()
     QCOMPARE(log.codes.at(0).last(), QStringLiteral("600999-1"));
     QCOMPARE(log.order, QStringList({"codes", "page"}));
 
+    // Dragging the slider asks once, on release.
+    bar->setValue(0);
+    view.slotSubFirstPage();
+    log.clear();
+    bar->setSliderDown(true);
+    bar->setValue(300);
+    bar->setValue(600);
+    QCOMPARE(log.pages.size(), 0);
+    bar->setSliderDown(false);
+    QCOMPARE(log.pages.size(), 1);
+    QCOMPARE(log.pages.at(0).start, 600);
+
     // Every show forces the next request, even for the same start.
     log.clear();
     view.hide();
@@ -1159,49 +1114,20 @@ void TstTableCore::requestsFollowScrollBar()
 
 void TstTableCore::noRequestsWithoutPageRows()
 {
-    UxTableView view;
-    RequestLog log(&view);
-    view.setHHeaderData(quoteColumns());
-    view.slotCreateTableData(makeRows(100)); // never shown: no page rows yet
-    view.slotSubFirstPage();
-    view.slotVScrollBarValueChanged(50);
-    QCOMPARE(log.order.size(), 0);
-
-    // Shown, but with no room for a row.
-    UxTableView flat;
-    RequestLog flatLog(&flat);
-    flat.setHHeaderData(quoteColumns());
+    // Never shown, shown with no room for a row, and without rows.
+    UxTableView hidden, flat, empty;
+    RequestLog hiddenLog(&hidden), flatLog(&flat), emptyLog(&empty);
     flat.resize(600, 20);
     flat.show();
     QVERIFY(QTest::qWaitForWindowExposed(&flat));
-    flat.slotCreateTableData(makeRows(100));
-    flat.slotSubFirstPage();
-    flat.slotVScrollBarValueChanged(70);
-    QCOMPARE(flatLog.order.size(), 0);
-
-    // No rows: the scroll bar asks for nothing.
-    UxTableView empty;
-    RequestLog emptyLog(&empty);
+    for (UxTableView* v : {&hidden, &flat}) {
+        v->setHHeaderData(quoteColumns());
+        v->slotCreateTableData(makeRows(100));
+        v->slotSubFirstPage();
+        v->slotVScrollBarValueChanged(50);
+    }
     empty.slotVScrollBarValueChanged(5);
-    QCOMPARE(emptyLog.order.size(), 0);
-}
-
-void TstTableCore::sliderDefersRequests()
-{
-    ShownView shown(1000);
-    UxTableView& view = shown.view;
-    RequestLog log(&view);
-    view.slotSubFirstPage();
-    log.clear();
-    QScrollBar* bar = view.verticalScrollBar();
-
-    bar->setSliderDown(true);
-    bar->setValue(300);
-    bar->setValue(600);
-    QCOMPARE(log.pages.size(), 0);
-    bar->setSliderDown(false);
-    QCOMPARE(log.pages.size(), 1);
-    QCOMPARE(log.pages.at(0).start, 600);
+    QCOMPARE(hiddenLog.order.size() + flatLog.order.size() + emptyLog.order.size(), 0);
 }
 
 void TstTableCore::headerClickRequestsSort()
@@ -1340,16 +1266,6 @@ void TstTableCore::keys()
     QCOMPARE(clicked.count(), 2);
     QCOMPARE(doubleClicked.count(), 2);
 }
-
-namespace {
-class ProbeView : public UxTableView
-{
-public:
-    using UxTableView::moveCursor;
-    using UxTableView::scrollTo;
-    QModelIndex moveLeft() { return moveCursor(MoveLeft, Qt::NoModifier); }
-};
-} // namespace
 
 void TstTableCore::moveCursorAndScrollTo_data()
 {
