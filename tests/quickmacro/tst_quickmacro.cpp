@@ -29,26 +29,19 @@
 namespace {
 
 // Owns the records a test hands out as pointers, as a client would.
-class Dict
+struct Dict
 {
-public:
-    quickMacroItem* add(const QString& code, const QString& name, const QString& key = QString(),
-                        const QString& kind = QStringLiteral("A"))
+    void add(const QString& code, const QString& name, const QString& key = QString(), const QString& kind = "A")
     {
-        m_items.emplace_back(new quickMacroItem{{kind, code, name, key}, QStringLiteral("url:") + code});
-        m_ptrs.append(m_items.back().get());
-        return m_items.back().get();
+        addRaw({kind, code, name, key}, "url:" + code);
     }
-    quickMacroItem* addRaw(const QStringList& texts)
+    void addRaw(const QStringList& texts, const QString& url = QString())
     {
-        m_items.emplace_back(new quickMacroItem{texts, QString()});
+        m_items.emplace_back(new quickMacroItem{texts, url});
         m_ptrs.append(m_items.back().get());
-        return m_items.back().get();
     }
     void addNull() { m_ptrs.append(nullptr); }
     const QVector<quickMacroItem*>& items() const { return m_ptrs; }
-
-private:
     std::vector<std::unique_ptr<quickMacroItem>> m_items;
     QVector<quickMacroItem*> m_ptrs;
 };
@@ -163,9 +156,9 @@ void typeInto(QLineEdit* edit, const QString& text)
     edit->setText(text);
 }
 
-QTreeWidget* showSearchEdit(UxNewSearchLineEdit& edit, const Dict& dict)
+QTreeWidget* showSearchEdit(UxNewSearchLineEdit& edit, const QVector<quickMacroItem*>& dict)
 {
-    edit.setDictData(dict.items());
+    edit.setDictData(dict);
     edit.show();
     return edit.findChild<QTreeWidget*>();
 }
@@ -744,21 +737,17 @@ private slots:
 
     void completerDebounce()
     {
-        Dict dict;
-        dict.add("600000", "浦发银行", "pfyh");
-        dict.add("000001", "平安银行", "payh60");
-        dict.add("300750", "宁德时代", "ndsd");
         UxNewSearchLineEdit edit;
-        QTreeWidget* popup = showSearchEdit(edit, dict);
+        QTreeWidget* popup = showSearchEdit(edit, stockDict());
         QVERIFY(QTest::qWaitForWindowExposed(&edit));
 
-        QTest::keyClicks(&edit, "60");
+        QTest::keyClicks(&edit, "N"); // keys jtny and ndsd, any case
         QVERIFY(!popup->isVisible()); // waits for the typing to stop
         QTRY_VERIFY_WITH_TIMEOUT(popup->isVisible(), 10000);
         QCOMPARE(popup->topLevelItemCount(), 2);
-        QCOMPARE(popup->topLevelItem(0)->text(0), QString("600000"));
-        QCOMPARE(popup->topLevelItem(1)->text(0), QString("000001"));
-        QCOMPARE(popup->topLevelItem(1)->text(1), QString("平安银行"));
+        QCOMPARE(popup->topLevelItem(0)->text(0), QString("000600"));
+        QCOMPARE(popup->topLevelItem(0)->text(1), QString("建投能源"));
+        QCOMPARE(popup->topLevelItem(1)->text(0), QString("300750"));
         QCOMPARE(popup->width(), edit.width());
         // Just under the line edit (offscreen may shift windows by a 2-pixel frame).
         const QPoint under = edit.mapToGlobal(QPoint(0, edit.height()));
@@ -782,7 +771,7 @@ private slots:
             dict.add(QStringLiteral("6%1").arg(i, 5, 10, QChar('0')), "n");
         dict.add("000001", "n");
         UxNewSearchLineEdit edit;
-        QTreeWidget* popup = showSearchEdit(edit, dict);
+        QTreeWidget* popup = showSearchEdit(edit, dict.items());
         edit.setText("6");
         edit.findChild<UxCompleter*>()->autoSuggest();
         QVERIFY(popup->isVisible());
@@ -792,11 +781,8 @@ private slots:
 
     void completerKeys()
     {
-        Dict dict;
-        dict.add("600000", "浦发银行", "pfyh");
-        dict.add("600036", "招商银行", "zsyh");
         UxNewSearchLineEdit edit;
-        QTreeWidget* popup = showSearchEdit(edit, dict);
+        QTreeWidget* popup = showSearchEdit(edit, stockDict());
         auto* completer = edit.findChild<UxCompleter*>();
 
         edit.setText("600");
@@ -810,7 +796,7 @@ private slots:
         popup->setCurrentItem(popup->topLevelItem(1));
         QTest::keyClick(popup, Qt::Key_Return);
         QVERIFY(!popup->isVisible());
-        QCOMPARE(edit.text(), QString("600036"));
+        QCOMPARE(edit.text(), QString("000600"));
 
         // A letter typed in the list goes on into the line edit.
         edit.setText("60");
