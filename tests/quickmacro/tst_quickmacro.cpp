@@ -192,6 +192,7 @@ private slots:
     void cleanup()
     {
         QuickMacroSearchWidget* overlay = QuickMacroSearchWidget::initance();
+        overlay->searchEdit()->clear(); // a failed row must not leave its text to the next
         overlay->hide();
         overlay->setParent(nullptr);
         overlay->setReplaceLineEdit(nullptr);
@@ -590,6 +591,7 @@ private slots:
             QCOMPARE(overlay->searchEdit()->text().toLower(), QString("a"));
             QCOMPARE(overlay->geometry(), QRect(0, 0, 800, 600));
             QCOMPARE(overlay->searchEdit()->parentWidget()->geometry(), QRect(500, 600 - 27 - 362, 300, 27 + 362));
+            QVERIFY(!count.isEmpty());
             QCOMPARE(count.last().first().toInt(), 0); // no code, name or key holds "a"
             overlay->searchEdit()->setText("6");
             QCOMPARE(count.last().first().toInt(), 3);
