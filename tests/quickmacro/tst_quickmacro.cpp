@@ -88,15 +88,8 @@ QString randomText(QRandomGenerator& rng, int minLen, int maxLen)
     return s;
 }
 
-UxKeyBoradSprit* wizard()
-{
-    return UxKeyBoradSprit::initance();
-}
-
-QuickMacroView* wizardView()
-{
-    return wizard()->findChild<QuickMacroView*>();
-}
+UxKeyBoradSprit* wizard() { return UxKeyBoradSprit::initance(); }
+QuickMacroView* wizardView() { return wizard()->findChild<QuickMacroView*>(); }
 
 void sendFocus(QWidget* w, QEvent::Type type)
 {
