@@ -32,6 +32,7 @@
 #include <QStatusBar>
 #include <QThread>
 #include <QTimer>
+#include <QTranslator>
 
 GalleryWindow::GalleryWindow(QWidget* parent)
     : QMainWindow(parent)
@@ -188,6 +189,21 @@ void GalleryWindow::buildMenus()
         m_skinGroup->addAction(a);
         connect(a, &QAction::triggered, this, [this, id] { switchSkin(id); });
     }
+    QMenu* languages = menuBar()->addMenu(QStringLiteral("语言 Language(&L)"));
+    m_languageGroup = new QActionGroup(this);
+    const struct {
+        const char* id;
+        QString caption;
+    } choices[] = {{"zh", QStringLiteral("中文")}, {"en", QStringLiteral("English")}};
+    for (const auto& choice : choices) {
+        QAction* a = languages->addAction(choice.caption);
+        a->setCheckable(true);
+        a->setChecked(QLatin1String(choice.id) == QLatin1String("zh"));
+        a->setData(QLatin1String(choice.id));
+        m_languageGroup->addAction(a);
+        const QString id = QLatin1String(choice.id);
+        connect(a, &QAction::triggered, this, [this, id] { switchLanguage(id); });
+    }
     QMenu* help = menuBar()->addMenu(QStringLiteral("帮助(&H)"));
     help->addAction(QStringLiteral("关于"), this, [this] {
         openStringUrl(QStringLiteral("view://about"));
@@ -200,6 +216,36 @@ void GalleryWindow::switchSkin(const QString& id)
     const QList<QAction*> actions = m_skinGroup ? m_skinGroup->actions() : QList<QAction*>();
     for (QAction* a : actions)
         a->setChecked(a->text() == id);
+}
+
+void GalleryWindow::switchLanguage(const QString& language)
+{
+    if (m_translator) {
+        QCoreApplication::removeTranslator(m_translator);
+        delete m_translator;
+        m_translator = nullptr;
+    }
+    if (language == QLatin1String("en")) {
+        // Beside the executable in the build tree, under share/ once installed.
+        const QString dir = QCoreApplication::applicationDirPath();
+        auto* translator = new QTranslator(this);
+        for (const QString& folder : {dir + QStringLiteral("/translations"),
+                                      dir + QStringLiteral("/../share/uicomponents/translations")}) {
+            if (translator->load(QStringLiteral("uicomponents_en"), folder))
+                break;
+        }
+        if (translator->isEmpty()) {
+            qDebug() << Q_FUNC_INFO << "uicomponents_en.qm not found beside" << dir;
+            delete translator;
+        } else {
+            m_translator = translator;
+            QCoreApplication::installTranslator(m_translator);
+        }
+    }
+    const QList<QAction*> actions = m_languageGroup ? m_languageGroup->actions() : QList<QAction*>();
+    const QString shown = m_translator ? QStringLiteral("en") : QStringLiteral("zh");
+    for (QAction* a : actions)
+        a->setChecked(a->data().toString() == shown);
 }
 
 void GalleryWindow::openStringUrl(const QString& url)

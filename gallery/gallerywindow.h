@@ -17,6 +17,7 @@ class QListWidget;
 class QStackedWidget;
 class MarketSimulator;
 class QTimer;
+class QTranslator;
 class UxLoopLabels;
 
 // The demo client's main window: registered with the host core, a skin menu
@@ -52,6 +53,8 @@ public:
 
 public slots:
     void switchSkin(const QString& id);
+    // "en" installs the library's English translation, anything else removes it.
+    void switchLanguage(const QString& language);
 
 private:
     void addPage(const QString& id, const QString& caption, QWidget* page,
@@ -70,6 +73,8 @@ private:
     QStackedWidget* m_stack = nullptr;
     QLabel* m_urlLabel = nullptr;
     QActionGroup* m_skinGroup = nullptr;
+    QActionGroup* m_languageGroup = nullptr;
+    QTranslator* m_translator = nullptr;
     UxLoopLabels* m_ticker = nullptr;
     QTimer* m_newsTimer = nullptr;
     int m_nextMessage = 0;

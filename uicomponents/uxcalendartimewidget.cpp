@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QBoxLayout>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDebug>
 #include <QLabel>
 #include <QPainter>
@@ -49,6 +50,15 @@ QLabel* namedLabel(const QString& text, const char* name, QWidget* parent)
     auto* label = new QLabel(text, parent);
     label->setObjectName(QLatin1String(name));
     return label;
+}
+
+// The locale's name is a text of its own, so a translation brings its locale
+// along; untranslated it is the Chinese locale.
+QLocale calendarLocale()
+{
+    const char* chinese = QT_TRANSLATE_NOOP("UxCalendarTimeWidget", "zh_CN");
+    const QString name = QCoreApplication::translate("UxCalendarTimeWidget", chinese);
+    return name == QLatin1String(chinese) ? QLocale(QLocale::Chinese, QLocale::AnyCountry) : QLocale(name);
 }
 
 } // namespace
@@ -101,7 +111,7 @@ void UxCalendarTimeWidget::initControl()
         l->setSizeConstraint(QLayout::SetFixedSize);
         l->setContentsMargins(2, 2, 2, 2);
     }
-    setLocale(QLocale(QLocale::Chinese, QLocale::AnyCountry));
+    setLocale(calendarLocale());
     setNavigationBarVisible(false);
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
@@ -128,8 +138,8 @@ void UxCalendarTimeWidget::initTopWidget()
     m_leftMonthBtn = navButton("CalendarLeftMonthBtn", top);
     m_rightYearBtn = navButton("CalendarRightYearBtn", top);
     m_rightMonthBtn = navButton("CalendarRightMonthBtn", top);
-    m_yearLabel = namedLabel(QStringLiteral("年"), "CalendarDataLabel", top);
-    m_monthLabel = namedLabel(QStringLiteral("月"), "CalendarDataLabel", top);
+    m_yearLabel = namedLabel(QCoreApplication::translate("UxCalendarTimeWidget", "年"), "CalendarDataLabel", top);
+    m_monthLabel = namedLabel(QCoreApplication::translate("UxCalendarTimeWidget", "月"), "CalendarDataLabel", top);
     m_yearCombo = new QComboBox(top);
     m_yearCombo->setObjectName(QStringLiteral("CalendarCbYear"));
     m_monthCombo = new QComboBox(top);
@@ -183,15 +193,15 @@ void UxCalendarTimeWidget::initTimeEditWidget()
         edit->setCalendarPopWidget(m_owner);
         return edit;
     };
-    hl->addWidget(namedLabel(QStringLiteral("时间  "), "CalendarTitleLabel", row));
+    hl->addWidget(namedLabel(QCoreApplication::translate("UxCalendarTimeWidget", "时间  "), "CalendarTitleLabel", row));
     m_hhEdit = makeField(0, "hhTimeeditEdit");
     hl->addWidget(m_hhEdit);
-    hl->addWidget(namedLabel(QStringLiteral(" ："), "CalendarColon1Label", row));
+    hl->addWidget(namedLabel(QCoreApplication::translate("UxCalendarTimeWidget", " ："), "CalendarColon1Label", row));
     // The minute field shares the hour field's name and the second field is
     // "mm...": the skins select on these names.
     m_mmEdit = makeField(1, "hhTimeeditEdit");
     hl->addWidget(m_mmEdit);
-    hl->addWidget(namedLabel(QStringLiteral(" ："), "CalendarColon2Label", row));
+    hl->addWidget(namedLabel(QCoreApplication::translate("UxCalendarTimeWidget", " ："), "CalendarColon2Label", row));
     m_ssEdit = makeField(2, "mmTimeeditEdit");
     hl->addWidget(m_ssEdit);
     hl->addStretch();
@@ -223,9 +233,9 @@ void UxCalendarTimeWidget::initBottomWidget()
         btn->setFocusPolicy(Qt::NoFocus);
         return btn;
     };
-    QPushButton* now = makeButton(QStringLiteral("现在"), "CalendarNowBtn");
-    QPushButton* clear = makeButton(QStringLiteral("清空"), "CalendarClearBtn");
-    QPushButton* ensure = makeButton(QStringLiteral("确定"), "CalendarEnsureBtn");
+    QPushButton* now = makeButton(QCoreApplication::translate("UxCalendarTimeWidget", "现在"), "CalendarNowBtn");
+    QPushButton* clear = makeButton(QCoreApplication::translate("UxCalendarTimeWidget", "清空"), "CalendarClearBtn");
+    QPushButton* ensure = makeButton(QCoreApplication::translate("UxCalendarTimeWidget", "确定"), "CalendarEnsureBtn");
     hl->addWidget(now);
     hl->addStretch();
     hl->addWidget(clear);
@@ -516,6 +526,35 @@ bool UxCalendarTimeWidget::event(QEvent* event)
     if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
         updateStyle();
     return result;
+}
+
+void UxCalendarTimeWidget::changeEvent(QEvent* event)
+{
+    QCalendarWidget::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void UxCalendarTimeWidget::retranslate()
+{
+    // The bare calendar has no controls and keeps Qt's own locale.
+    if (!m_yearLabel)
+        return;
+    setLocale(calendarLocale());
+    m_yearLabel->setText(QCoreApplication::translate("UxCalendarTimeWidget", "年"));
+    m_monthLabel->setText(QCoreApplication::translate("UxCalendarTimeWidget", "月"));
+    const struct {
+        const char* name;
+        const char* text;
+    } texts[] = {{"CalendarTitleLabel", "时间  "}, {"CalendarColon1Label", " ："}, {"CalendarColon2Label", " ："},
+                 {"CalendarNowBtn", "现在"},      {"CalendarClearBtn", "清空"},   {"CalendarEnsureBtn", "确定"}};
+    for (const auto& t : texts) {
+        const QString text = QCoreApplication::translate("UxCalendarTimeWidget", t.text);
+        if (auto* label = findChild<QLabel*>(QLatin1String(t.name)))
+            label->setText(text);
+        else if (auto* button = findChild<QPushButton*>(QLatin1String(t.name)))
+            button->setText(text);
+    }
 }
 
 // --- day cells ---------------------------------------------------------------------

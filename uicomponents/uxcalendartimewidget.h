@@ -31,6 +31,9 @@ class UxTimeEditPopEdit;
 //   needs a year inside the calendar's range);
 // - an invalid bound passed to setCalendarMinDate/setCalendarMaxDate is logged
 //   and ignored.
+// - the texts follow the installed translation, live; the calendar's locale is
+//   the translation of the text "zh_CN" in this class's context (the English
+//   translation gives "en_US"); with no translation it is the Chinese locale.
 class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
 {
     Q_OBJECT
@@ -70,6 +73,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintCell(QPainter* painter, const QRect& rect, const QDate& date) const override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -88,6 +92,7 @@ private:
     void updateYearsCombox();
     QStringList getYears();
     void setDataLabelTimeText(int year, int month);
+    void retranslate();
 
     void onPrevYear();
     void onPrevMonth();

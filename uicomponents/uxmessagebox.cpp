@@ -334,3 +334,28 @@ void UxMessageBox::setButtonText(QAbstractButton* button)
         break;
     }
 }
+
+bool UxMessageBox::event(QEvent* event)
+{
+    // After the base class: the button box retranslates its standard buttons
+    // to Qt's own texts when the event reaches it, and ours must win.
+    const bool result = QDialog::event(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    return result;
+}
+
+void UxMessageBox::retranslate()
+{
+    // The form's texts are empty: keep what the client set.
+    const QString title = ui->titleLabel->text();
+    const QString text = ui->contentsLabel->text();
+    const QString check = ui->checkBox->text();
+    const QString windowName = windowTitle();
+    ui->retranslateUi(this);
+    ui->titleLabel->setText(title);
+    ui->contentsLabel->setText(text);
+    ui->checkBox->setText(check);
+    setWindowTitle(windowName);
+    setButtonsText();
+}

@@ -28,7 +28,7 @@ class UxMessageBox;
 // closed the box, QMessageBox::NoButton (0) when it was closed by its close
 // button or Escape, and QMessageBox::Cancel when the dialog loop reports -1.
 // Ok and Yes read "确定", No and Cancel read "取消": a question reads as
-// confirm/cancel.
+// confirm/cancel. Button texts follow the installed translation, live.
 //
 // Choices of our own:
 // - Defaults: buttons QMessageBox::Ok and no parent, for the constructor and
@@ -88,6 +88,7 @@ public Q_SLOTS:
     int exec() override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private Q_SLOTS:
@@ -98,6 +99,7 @@ private:
     void placeButtonBox();
     void setButtonsText();
     void setButtonText(QAbstractButton* button);
+    void retranslate();
     int execReturnCode(QAbstractButton* button);
     int mapResult(int result);
 

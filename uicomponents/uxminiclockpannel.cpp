@@ -4,12 +4,30 @@
 #include "uxcore.h"
 
 #include <QAction>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTimer>
 
 namespace {
 const int kTickMs = 900;
 const char kZoneKey[] = "zone";
 const char kMenuTimeFormat[] = "yyyy-MM-dd hh:mm:ss";
+
+// The default zone names in the current language.
+QMap<int, QString> defaultZoneNames()
+{
+    static const struct {
+        int zone;
+        const char* name;
+    } names[] = {{-8, QT_TRANSLATE_NOOP("UxMiniClockPannel", "旧金山")},
+                 {-5, QT_TRANSLATE_NOOP("UxMiniClockPannel", "美东")},
+                 {8, QT_TRANSLATE_NOOP("UxMiniClockPannel", "北京")},
+                 {9, QT_TRANSLATE_NOOP("UxMiniClockPannel", "汉城")}};
+    QMap<int, QString> zones;
+    for (const auto& n : names)
+        zones.insert(n.zone, QCoreApplication::translate("UxMiniClockPannel", n.name));
+    return zones;
+}
 } // namespace
 
 UxMiniClockPannel::UxMiniClockPannel(QWidget* parent)
@@ -20,11 +38,8 @@ UxMiniClockPannel::UxMiniClockPannel(QWidget* parent)
     UxCore::instance()->addStyle2View(this, QStringLiteral("controls/clock.css"));
     m_referenceTime = QDateTime::currentDateTime();
 
-    QMap<int, QString> zones;
-    zones.insert(-8, QStringLiteral("旧金山"));
-    zones.insert(-5, QStringLiteral("美东"));
-    zones.insert(8, QStringLiteral("北京"));
-    zones.insert(9, QStringLiteral("汉城"));
+    const QMap<int, QString> zones = defaultZoneNames();
+    m_defaultNames = zones;
     setTimeZoneMap(zones);
 
     m_timer = new QTimer(this);
@@ -199,4 +214,25 @@ void UxMiniClockPannel::updateActionsExcurise(QAction* keep)
 void UxMiniClockPannel::on_closeBushButton_clicked()
 {
     close();
+}
+
+void UxMiniClockPannel::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void UxMiniClockPannel::retranslate()
+{
+    ui->retranslateUi(this);
+    // Only the default names follow the language; names the host set stay.
+    const QMap<int, QString> names = defaultZoneNames();
+    for (auto it = m_zoneMap.begin(); it != m_zoneMap.end(); ++it) {
+        if (m_defaultNames.contains(it.key()) && it.value() == m_defaultNames.value(it.key()))
+            it.value() = names.value(it.key());
+    }
+    m_defaultNames = names;
+    updateMenusUiData();
+    slotUpdateDt();
 }

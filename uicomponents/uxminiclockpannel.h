@@ -28,7 +28,9 @@ class UxMiniClockPannel;
 // With a parent the panel is a draggable, closeless tile; without one it is a
 // frameless window with a close button.
 //
-// Our choice: the time is shown at once, not only after the first tick.
+// Our choices: the time is shown at once, not only after the first tick; the
+// caption and the default zone names follow the installed translation, live
+// (names the host set through setTimeZoneMap stay as given).
 class UICOMPONENTS_EXPORT UxMiniClockPannel : public QFrame, public IUxSkin, public IUxMemory
 {
     Q_OBJECT
@@ -46,6 +48,9 @@ public:
 public Q_SLOTS:
     void slotUpdateDt();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private Q_SLOTS:
     void on_closeBushButton_clicked();
     void updateMenusUiData();
@@ -61,9 +66,11 @@ private:
     int offsetForZone(int zone) const;
     QString actionText(int zone) const;
     QMenu* zoneMenu() const;
+    void retranslate();
 
     Ui::UxMiniClockPannel* ui;
     QMap<int, QString> m_zoneMap;
+    QMap<int, QString> m_defaultNames; // the default names as last translated
     int m_zone = 8;
     int m_offset = 0;
     int m_baseZone = 8;

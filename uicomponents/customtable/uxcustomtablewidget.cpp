@@ -270,3 +270,18 @@ void UxCustomTableWidget::add(const TableData& oData)
 {
     ui->tableView->add(oData);
 }
+
+void UxCustomTableWidget::changeEvent(QEvent* event)
+{
+    QFrame::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+void UxCustomTableWidget::retranslate()
+{
+    // The form's only text is the window title, which a client may have set.
+    const QString windowName = windowTitle();
+    ui->retranslateUi(this);
+    setWindowTitle(windowName);
+}

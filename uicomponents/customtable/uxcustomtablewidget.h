@@ -103,6 +103,9 @@ public Q_SLOTS:
     void remove(const TableData& oData);
     void add(const TableData& oData);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private Q_SLOTS:
     void slotSettingBtnClicked();
     void slotHeadersChanged();
@@ -110,6 +113,7 @@ private Q_SLOTS:
 private:
     void connectSignals();
     void useColumnFiles(const QString& userPath, const QString& templatePath);
+    void retranslate();
 
     Ui::UxCustomTableWidget* ui;
     QPointer<UxSettingDialog> m_pSettingDialog;

@@ -36,6 +36,7 @@ UxSettingDialog::UxSettingDialog(QWidget* parent)
     , ui(new Ui::UxSettingDialog)
 {
     ui->setupUi(this);
+    m_formTitles = titleTexts();
     setWindowFlags(windowFlags() | Qt::WindowFlags(0x81B));
     setObjectName(QStringLiteral("PRICE_FRAME"));
     ui->listWidget->verticalScrollBar()->setObjectName(QStringLiteral("PRICE_LIST_WIDGET_V_SCROLLBAR"));
@@ -240,4 +241,36 @@ void UxSettingDialog::moveSelectedBy(int step)
     ui->listWidget->setCurrentItem(other);
     ui->listWidget->scrollToItem(other);
     emit sigItemChanged();
+}
+
+void UxSettingDialog::changeEvent(QEvent* event)
+{
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+}
+
+QStringList UxSettingDialog::titleTexts() const
+{
+    QStringList texts;
+    for (int i = 0; i < 4; ++i) {
+        auto* label = qobject_cast<QLabel*>(titleLabel(i));
+        texts << (label ? label->text() : QString());
+    }
+    return texts;
+}
+
+void UxSettingDialog::retranslate()
+{
+    // Titles the client set through setTitle() stay; the form's own follow.
+    const QStringList titles = titleTexts();
+    const QString windowName = windowTitle();
+    ui->retranslateUi(this);
+    setWindowTitle(windowName);
+    const QStringList formTitles = titleTexts();
+    for (int i = 0; i < 4; ++i) {
+        if (titles.at(i) != m_formTitles.value(i))
+            setTitle(i, titles.at(i));
+    }
+    m_formTitles = formTitles;
 }

@@ -9,6 +9,7 @@
 #include <QDialog>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 class QListWidgetItem;
 
@@ -25,7 +26,8 @@ class UxSettingDialog;
 //
 // exec() returns QDialog::Accepted for OK and Rejected for Cancel, Escape and
 // the close button. The close button closes the dialog's parent widget when
-// it has one. Styled by the skin's "quote/settingdlg.css".
+// it has one. Styled by the skin's "quote/settingdlg.css". Its captions follow
+// the installed translation, live; titles set through setTitle() stay.
 class UICOMPONENTS_EXPORT UxSettingDialog : public QDialog, public IUxSkin
 {
     Q_OBJECT
@@ -51,6 +53,9 @@ public:
 Q_SIGNALS:
     void sigItemChanged();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private Q_SLOTS:
     void slotBtnTopClicked();
     void slotBtnUpClicked();
@@ -65,9 +70,12 @@ private:
     // Exchanges the selected checked item with its neighbour STEP rows away.
     void moveSelectedBy(int step);
     QWidget* titleLabel(int index) const;
+    QStringList titleTexts() const;
+    void retranslate();
 
     Ui::UxSettingDialog* ui;
     QList<_TableHHeaderData> m_fixedItems;
+    QStringList m_formTitles; // the form's own titles, as last translated
 };
 
 #endif // UXSETTINGDIALOG_H

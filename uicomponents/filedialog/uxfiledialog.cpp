@@ -133,10 +133,10 @@ void UxFileDialog::setAcceptMode(QFileDialog::AcceptMode mode)
 {
     m_fileDlg->setAcceptMode(mode);
     if (m_fileDlg->acceptMode() != QFileDialog::AcceptSave) {
-        setTitleName(tr("文件选择框"));
+        setTitleName(m_modeTitle = tr("文件选择框"));
     } else {
         m_fileDlg->setFileMode(QFileDialog::AnyFile);
-        setTitleName(tr("文件保存框"));
+        setTitleName(m_modeTitle = tr("文件保存框"));
     }
     // The chooser rebuilds its buttons for the new mode.
     updateButtons();
@@ -308,4 +308,29 @@ void UxFileDialog::onShowClose(bool checked)
 {
     Q_UNUSED(checked)
     close();
+}
+
+bool UxFileDialog::event(QEvent* event)
+{
+    // After the base class: the embedded chooser resets its own texts when the
+    // event reaches it, and ours must win.
+    const bool result = QDialog::event(event);
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    return result;
+}
+
+void UxFileDialog::retranslate()
+{
+    const QString title = ui->titleLabel->text();
+    ui->retranslateUi(this);
+    // A caption the client gave stays; the mode's own title follows the language.
+    if (!m_modeTitle.isEmpty() && title == m_modeTitle)
+        setTitleName(m_modeTitle = m_fileDlg->acceptMode() == QFileDialog::AcceptSave ? tr("文件保存框")
+                                                                                     : tr("文件选择框"));
+    else
+        setTitleName(title);
+    if (auto* lookIn = m_fileDlg->findChild<QLabel*>(QStringLiteral("lookInLabel")))
+        lookIn->setText(tr("文件目录："));
+    updateButtons();
 }

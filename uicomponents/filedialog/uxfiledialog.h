@@ -39,6 +39,8 @@ class UxFileDialog;
 //   chosen (the chooser itself would report the folder on show).
 // - The chooser is shown again each time the dialog is shown, so an object
 //   can be exec()'d more than once.
+// - Our texts follow the installed translation, live; a caption the client
+//   gave stays as given.
 class UICOMPONENTS_EXPORT UxFileDialog : public QDialog, public IUxSkin
 {
     Q_OBJECT
@@ -67,6 +69,7 @@ public:
     void loadSkin(const QVariant& style) override;
 
 protected:
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -86,11 +89,13 @@ private:
     void setTitleName(const QString& title);
     QFileDialog* getFileDlg() const;
     QString firstSelectedPath() const;
+    void retranslate();
 
     Ui::UxFileDialog* ui;
     QFileDialog* m_fileDlg = nullptr;
     // True while the chooser's button box ends this dialog directly.
     bool m_buttonsDirect = false;
+    QString m_modeTitle; // the mode's own title, as last translated
 };
 
 #endif // UXFILEDIALOG_H

@@ -1,0 +1,154 @@
+#include "uxtestenv.h"
+
+#include "uxcalendartimewidget.h"
+#include "uxcustomtablewidget.h"
+#include "uxfiledialog.h"
+#include "uxmessagebox.h"
+#include "uxminiclockpannel.h"
+#include "uxsettingdialog.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTableView>
+#include <QTranslator>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+using Factory = std::function<QWidget*(QWidget* holder)>;
+}
+Q_DECLARE_METATYPE(Factory)
+namespace {
+
+// Every text a user can see on W and its children, digits blanked so that
+// clock texts compare across a tick.
+QStringList visibleTexts(QWidget* w)
+{
+    QStringList texts;
+    QList<QWidget*> all = w->findChildren<QWidget*>();
+    all.prepend(w);
+    for (QWidget* c : all) {
+        texts << c->windowTitle() << c->toolTip();
+        if (auto* l = qobject_cast<QLabel*>(c))
+            texts << l->text();
+        if (auto* b = qobject_cast<QAbstractButton*>(c))
+            texts << b->text();
+        if (auto* e = qobject_cast<QLineEdit*>(c))
+            texts << e->text() << e->placeholderText();
+        if (auto* box = qobject_cast<QComboBox*>(c)) {
+            for (int i = 0; i < box->count(); ++i)
+                texts << box->itemText(i);
+        }
+        for (QAction* a : c->actions())
+            texts << a->text();
+    }
+    // The weekday captions live in the day grid's first row.
+    if (auto* grid = w->findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"))) {
+        for (int col = 0; col < grid->model()->columnCount(); ++col)
+            texts << grid->model()->index(0, col).data().toString();
+    }
+    texts.replaceInStrings(QRegularExpression(QStringLiteral("\\d")), QStringLiteral("0"));
+    return texts;
+}
+
+QStringList chinese(const QStringList& texts)
+{
+    const QRegularExpression cjk(QStringLiteral("[\\x{4E00}-\\x{9FFF}\\x{3000}-\\x{303F}\\x{FF00}-\\x{FFEF}]"));
+    return texts.filter(cjk);
+}
+
+void deliverLanguageChange()
+{
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::sendPostedEvents();
+}
+
+} // namespace
+
+class TestI18n : public QObject
+{
+    Q_OBJECT
+private slots:
+    void followsTranslation_data()
+    {
+        QTest::addColumn<Factory>("make");
+        QTest::addColumn<QString>("chineseText"); // shown without the translation
+        QTest::newRow("message box") << Factory([](QWidget*) -> QWidget* {
+            return new UxMessageBox(QStringLiteral("Title"), QStringLiteral("Body"),
+                                    QMessageBox::Ok | QMessageBox::Cancel | QMessageBox::Yes | QMessageBox::No);
+        }) << QStringLiteral("确定");
+        QTest::newRow("message box check box") << Factory([](QWidget*) -> QWidget* {
+            auto* box = new UxMessageBox;
+            box->setCheckBoxText(QStringLiteral("Do not ask again"));
+            box->addButton(QMessageBox::Cancel);
+            return box;
+        }) << QStringLiteral("取消");
+        QTest::newRow("calendar") << Factory([](QWidget* holder) -> QWidget* {
+            return new UxCalendarTimeWidget(holder, false, true);
+        }) << QStringLiteral("现在");
+        QTest::newRow("setting dialog") << Factory([](QWidget*) -> QWidget* {
+            auto* dlg = new UxSettingDialog;
+            dlg->setTitle(0, QStringLiteral("Quotes"));
+            return dlg;
+        }) << QStringLiteral("置顶");
+        QTest::newRow("mini clock") << Factory([](QWidget*) -> QWidget* { return new UxMiniClockPannel; })
+                                    << QStringLiteral("北京");
+        QTest::newRow("mini clock, host names") << Factory([](QWidget*) -> QWidget* {
+            auto* clock = new UxMiniClockPannel;
+            clock->setTimeZoneMap({{9, QStringLiteral("Tokyo")}, {-5, QStringLiteral("美东")}});
+            return clock;
+        }) << QStringLiteral("小时钟");
+        QTest::newRow("file dialog open") << Factory([](QWidget*) -> QWidget* {
+            auto* dlg = new UxFileDialog;
+            dlg->setAcceptMode(QFileDialog::AcceptOpen);
+            return dlg;
+        }) << QStringLiteral("文件选择框");
+        QTest::newRow("file dialog save") << Factory([](QWidget*) -> QWidget* {
+            auto* dlg = new UxFileDialog;
+            dlg->setAcceptMode(QFileDialog::AcceptSave);
+            return dlg;
+        }) << QStringLiteral("文件保存框");
+        QTest::newRow("table widget") << Factory([](QWidget*) -> QWidget* { return new UxCustomTableWidget; })
+                                      << QString();
+    }
+
+    // Widgets made before and after the translator is installed show no
+    // Chinese; removing it brings every original text back.
+    void followsTranslation()
+    {
+        QFETCH(Factory, make);
+        QFETCH(QString, chineseText);
+        QWidget holder;
+        std::unique_ptr<QWidget> before(make(&holder));
+        const QStringList original = visibleTexts(before.get());
+        if (!chineseText.isEmpty())
+            QVERIFY2(original.contains(chineseText), qPrintable(original.join(QLatin1Char('|'))));
+
+        QTranslator english;
+        QVERIFY(english.load(QStringLiteral("uicomponents_en"), QStringLiteral(UX_TRANSLATIONS_DIR)));
+        QVERIFY(QCoreApplication::installTranslator(&english));
+        deliverLanguageChange();
+        std::unique_ptr<QWidget> after(make(&holder));
+        QCOMPARE(chinese(visibleTexts(before.get())), QStringList());
+        QCOMPARE(chinese(visibleTexts(after.get())), QStringList());
+        QCOMPARE(visibleTexts(after.get()), visibleTexts(before.get()));
+        if (auto* calendar = qobject_cast<QCalendarWidget*>(before.get()))
+            QCOMPARE(calendar->locale().language(), QLocale::English);
+
+        QVERIFY(QCoreApplication::removeTranslator(&english));
+        deliverLanguageChange();
+        QCOMPARE(visibleTexts(before.get()), original);
+        QCOMPARE(visibleTexts(after.get()), original);
+        if (auto* calendar = qobject_cast<QCalendarWidget*>(before.get()))
+            QCOMPARE(calendar->locale(), QLocale(QLocale::Chinese, QLocale::AnyCountry));
+    }
+};
+
+UX_TEST_MAIN(TestI18n)
+#include "tst_i18n.moc"
