@@ -39,8 +39,8 @@ UxMiniClockPannel::UxMiniClockPannel(QWidget* parent)
     m_referenceTime = QDateTime::currentDateTime();
 
     const QMap<int, QString> zones = defaultZoneNames();
-    m_defaultNames = zones;
     setTimeZoneMap(zones);
+    m_defaultZoneNames = true;
 
     m_timer = new QTimer(this);
     connect(m_timer, SIGNAL(timeout()), this, SLOT(slotUpdateDt()));
@@ -73,6 +73,7 @@ QMenu* UxMiniClockPannel::zoneMenu() const
 void UxMiniClockPannel::setTimeZoneMap(const QMap<int, QString>& map)
 {
     m_zoneMap = map;
+    m_defaultZoneNames = false;
     QMenu* menu = zoneMenu();
     if (menu)
         menu->clear();
@@ -227,12 +228,8 @@ void UxMiniClockPannel::retranslate()
 {
     ui->retranslateUi(this);
     // Only the default names follow the language; names the host set stay.
-    const QMap<int, QString> names = defaultZoneNames();
-    for (auto it = m_zoneMap.begin(); it != m_zoneMap.end(); ++it) {
-        if (m_defaultNames.contains(it.key()) && it.value() == m_defaultNames.value(it.key()))
-            it.value() = names.value(it.key());
-    }
-    m_defaultNames = names;
+    if (m_defaultZoneNames)
+        m_zoneMap = defaultZoneNames();
     updateMenusUiData();
     slotUpdateDt();
 }

@@ -70,7 +70,7 @@ private:
 
     Ui::UxMiniClockPannel* ui;
     QMap<int, QString> m_zoneMap;
-    QMap<int, QString> m_defaultNames; // the default names as last translated
+    bool m_defaultZoneNames = false; // the zone map is still the default one
     int m_zone = 8;
     int m_offset = 0;
     int m_baseZone = 8;
