@@ -65,12 +65,6 @@ QStringList chinese(const QStringList& texts)
     return texts.filter(cjk);
 }
 
-void deliverLanguageChange()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::sendPostedEvents();
-}
-
 } // namespace
 
 class TestI18n : public QObject
@@ -81,16 +75,21 @@ private slots:
     {
         QTest::addColumn<Factory>("make");
         QTest::addColumn<QString>("chineseText"); // shown without the translation
+        auto fileDialog = [](QFileDialog::AcceptMode mode) {
+            return Factory([mode](QWidget*) -> QWidget* {
+                auto* dlg = new UxFileDialog;
+                dlg->setAcceptMode(mode);
+                return dlg;
+            });
+        };
         QTest::newRow("message box") << Factory([](QWidget*) -> QWidget* {
-            return new UxMessageBox(QStringLiteral("Title"), QStringLiteral("Body"),
-                                    QMessageBox::Ok | QMessageBox::Cancel | QMessageBox::Yes | QMessageBox::No);
-        }) << QStringLiteral("确定");
-        QTest::newRow("message box check box") << Factory([](QWidget*) -> QWidget* {
-            auto* box = new UxMessageBox;
+            auto* box = new UxMessageBox(QStringLiteral("Title"), QStringLiteral("Body"),
+                                         QMessageBox::Ok | QMessageBox::Yes | QMessageBox::No);
             box->setCheckBoxText(QStringLiteral("Do not ask again"));
             box->addButton(QMessageBox::Cancel);
             return box;
-        }) << QStringLiteral("取消");
+        }) << QStringLiteral("确定");
+        // A child: the change reaches it through its parent.
         QTest::newRow("calendar") << Factory([](QWidget* holder) -> QWidget* {
             return new UxCalendarTimeWidget(holder, false, true);
         }) << QStringLiteral("现在");
@@ -107,16 +106,8 @@ private slots:
             clock->slotUpdateDt();
             return clock;
         }) << QStringLiteral("小时钟");
-        QTest::newRow("file dialog open") << Factory([](QWidget*) -> QWidget* {
-            auto* dlg = new UxFileDialog;
-            dlg->setAcceptMode(QFileDialog::AcceptOpen);
-            return dlg;
-        }) << QStringLiteral("文件选择框");
-        QTest::newRow("file dialog save") << Factory([](QWidget*) -> QWidget* {
-            auto* dlg = new UxFileDialog;
-            dlg->setAcceptMode(QFileDialog::AcceptSave);
-            return dlg;
-        }) << QStringLiteral("文件保存框");
+        QTest::newRow("file dialog open") << fileDialog(QFileDialog::AcceptOpen) << QStringLiteral("文件选择框");
+        QTest::newRow("file dialog save") << fileDialog(QFileDialog::AcceptSave) << QStringLiteral("文件保存框");
         QTest::newRow("table widget") << Factory([](QWidget*) -> QWidget* { return new UxCustomTableWidget; })
                                       << QString();
     }
@@ -136,7 +127,7 @@ private slots:
         QTranslator english;
         QVERIFY(english.load(QStringLiteral("uicomponents_en"), QStringLiteral(UX_TRANSLATIONS_DIR)));
         QVERIFY(QCoreApplication::installTranslator(&english));
-        deliverLanguageChange();
+        QCoreApplication::sendPostedEvents();
         std::unique_ptr<QWidget> after(make(&holder));
         QCOMPARE(chinese(visibleTexts(before.get())), QStringList());
         QCOMPARE(chinese(visibleTexts(after.get())), QStringList());
@@ -145,7 +136,7 @@ private slots:
             QCOMPARE(calendar->locale().language(), QLocale::English);
 
         QVERIFY(QCoreApplication::removeTranslator(&english));
-        deliverLanguageChange();
+        QCoreApplication::sendPostedEvents();
         QCOMPARE(visibleTexts(before.get()), original);
         QCOMPARE(visibleTexts(after.get()), original);
         if (auto* calendar = qobject_cast<QCalendarWidget*>(before.get()))
