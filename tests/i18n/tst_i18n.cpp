@@ -19,11 +19,9 @@
 #include <functional>
 #include <memory>
 
-namespace {
-
 using Factory = std::function<QWidget*(QWidget* holder)>;
-}
 Q_DECLARE_METATYPE(Factory)
+
 namespace {
 
 // Every text a user can see on W and its children, digits blanked so that
@@ -121,8 +119,7 @@ private slots:
         QWidget holder;
         std::unique_ptr<QWidget> before(make(&holder));
         const QStringList original = visibleTexts(before.get());
-        if (!chineseText.isEmpty())
-            QVERIFY2(original.join(QLatin1Char('|')).contains(chineseText), qPrintable(original.join(QLatin1Char('|'))));
+        QVERIFY(original.join(QLatin1Char('|')).contains(chineseText));
 
         QTranslator english;
         QVERIFY(english.load(QStringLiteral("uicomponents_en"), QStringLiteral(UX_TRANSLATIONS_DIR)));
