@@ -107,7 +107,7 @@ UxDesignerCollection::UxDesignerCollection(QObject* parent)
         UxDesignerWidget::Info info;
         info.name = name;
         info.group = e.group;
-        info.iconPath = QStringLiteral(":/uxdesigner/%1.png").arg(name.toLower());
+        info.iconPath = QStringLiteral(":/uxdesigner/%1").arg(name.toLower());
         info.includeFile = QStringLiteral("<uicomponents/%1.h>").arg(name.toLower());
         info.toolTip = QString::fromLatin1(e.toolTip);
         info.domXml = domXml(name, QString::fromLatin1(e.objectName), e.width, e.height, e.extra);

@@ -33,7 +33,12 @@ QString UxDesignerWidget::includeFile() const
 
 QIcon UxDesignerWidget::icon() const
 {
-    return QIcon(m_info.iconPath);
+    // Both sizes explicitly: QIcon only looks for the @2x sibling of a file
+    // when the application's own ratio asks for it at construction.
+    QIcon icon;
+    icon.addFile(m_info.iconPath + QStringLiteral(".png"));
+    icon.addFile(m_info.iconPath + QStringLiteral("@2x.png"));
+    return icon;
 }
 
 bool UxDesignerWidget::isContainer() const

@@ -23,7 +23,7 @@ public:
     {
         QString name;        // class name, as written in a form
         QString group;       // widget box group
-        QString iconPath;    // resource path of the box icon
+        QString iconPath;    // resource path of the box icon, without ".png" (an @2x sibling exists)
         QString includeFile; // what uic writes into the generated header
         QString toolTip;
         QString domXml;      // default properties (size) and, for containers, pages

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Draws the Designer widget-box icons (22 x 22, transparent) into designer/icons/, one per widget class."""
+"""Draws the Designer widget-box icons (22 x 22, transparent, and 44 x 44 @2x siblings for high-DPI screens) into
+designer/icons/, one per widget class."""
 import math
 import os
 
@@ -19,12 +20,18 @@ SHADOW = (0, 0, 0, 70)
 
 
 class Canvas:
-    def __init__(self):
-        self.px = [[(0, 0, 0, 0)] * SIZE for _ in range(SIZE)]
+    """Coordinates are in 22 x 22 icon units; scale 2 draws the same shapes on 44 x 44 pixels."""
+
+    def __init__(self, scale=1):
+        self.s = scale
+        self.n = SIZE * scale
+        self.px = [[(0, 0, 0, 0)] * self.n for _ in range(self.n)]
 
     def set(self, x, y, c):
-        if 0 <= x < SIZE and 0 <= y < SIZE:
-            self.px[y][x] = c
+        for j in range(y * self.s, (y + 1) * self.s):
+            for i in range(x * self.s, (x + 1) * self.s):
+                if 0 <= i < self.n and 0 <= j < self.n:
+                    self.px[j][i] = c
 
     def fill(self, x, y, w, h, c):
         for j in range(y, y + h):
@@ -42,18 +49,27 @@ class Canvas:
         self.frame(x, y, w, h, border)
 
     def ring(self, cx, cy, r, c, width=1.0):
-        for j in range(SIZE):
-            for i in range(SIZE):
-                if abs(math.hypot(i + 0.5 - cx, j + 0.5 - cy) - r) <= width / 2:
-                    self.set(i, j, c)
+        s = self.s
+        for j in range(self.n):
+            for i in range(self.n):
+                if abs(math.hypot(i + 0.5 - cx * s, j + 0.5 - cy * s) - r * s) <= width * s / 2:
+                    self.px[j][i] = c
 
     def line(self, x0, y0, x1, y1, c):
-        steps = max(abs(x1 - x0), abs(y1 - y0), 1)
+        s = self.s
+        steps = max(abs(x1 - x0), abs(y1 - y0), 1) * s
         for k in range(steps + 1):
-            self.set(round(x0 + (x1 - x0) * k / steps), round(y0 + (y1 - y0) * k / steps), c)
+            x = (x0 + (x1 - x0) * k / steps) * s
+            y = (y0 + (y1 - y0) * k / steps) * s
+            for j in range(s):
+                for i in range(s):
+                    xi, yj = round(x) + i, round(y) + j
+                    if 0 <= xi < self.n and 0 <= yj < self.n:
+                        self.px[yj][xi] = c
 
     def save(self, name):
-        write_png(os.path.join(OUT, name + ".png"), SIZE, SIZE, lambda x, y: self.px[y][x])
+        suffix = "" if self.s == 1 else "@%dx" % self.s
+        write_png(os.path.join(OUT, name + suffix + ".png"), self.n, self.n, lambda x, y: self.px[y][x])
 
 
 def table(c):
@@ -130,8 +146,8 @@ def tool_button(c):
     c.fill(4, 9, 8, 2, DARK)
     c.fill(4, 12, 6, 1, GREY)
     c.fill(14, 6, 1, 10, GREY)
-    for k in range(3):
-        c.fill(16 + k, 10 + k, 3 - 2 * k if k < 2 else 1, 1, DARK)
+    c.fill(16, 10, 3, 1, DARK)
+    c.fill(17, 11, 1, 1, DARK)
 
 
 def stack(c):
@@ -174,6 +190,7 @@ ICONS = {
 }
 
 for name, draw in ICONS.items():
-    canvas = Canvas()
-    draw(canvas)
-    canvas.save(name)
+    for scale in (1, 2):
+        canvas = Canvas(scale)
+        draw(canvas)
+        canvas.save(name)

@@ -57,7 +57,8 @@ private Q_SLOTS:
         QVERIFY2(w, qPrintable(name));
         QCOMPARE(w->group(), group);
         QCOMPARE(w->isContainer(), container);
-        QVERIFY(!w->icon().isNull());
+        const QList<QSize> iconSizes = w->icon().availableSizes();
+        QVERIFY(iconSizes.contains(QSize(22, 22)) && iconSizes.contains(QSize(44, 44)));
         const QString header = QStringLiteral("uicomponents/%1.h").arg(name.toLower());
         QCOMPARE(w->includeFile(), QStringLiteral("<%1>").arg(header));
         QVERIFY2(QFile::exists(QStringLiteral(UX_INCLUDE_DIR "/") + header), qPrintable(header));
