@@ -93,6 +93,8 @@ private Q_SLOTS:
         QVERIFY(made);
         QCOMPARE(made->metaObject()->className(), name.toLatin1().constData());
         QCOMPARE(made->parentWidget(), &form);
+        // The default size never squeezes the widget below what it needs.
+        QCOMPARE(size.expandedTo(made->minimumSizeHint()), size);
         QVERIFY2(g_warnings.isEmpty(), qPrintable(g_warnings.join(QLatin1Char('\n'))));
     }
 };
