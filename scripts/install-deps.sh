@@ -6,6 +6,7 @@ set -euo pipefail
 packages=(
     build-essential cmake ninja-build ccache pkg-config
     qtbase5-dev qtbase5-dev-tools
+    qttools5-dev doxygen
     libbenchmark-dev
     xvfb xauth
     fonts-wqy-microhei

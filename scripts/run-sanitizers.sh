@@ -35,4 +35,4 @@ export QT_QPA_PLATFORM=offscreen
 
 cd "$build"
 # Two suites at a time on two cores.
-ctest --output-on-failure -j"$(nproc)" -E '^package_consumer$'
+ctest --output-on-failure -j"$(nproc)" -E '^(package_consumer|designer_form)$'

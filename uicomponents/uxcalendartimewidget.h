@@ -44,8 +44,10 @@ class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
     Q_PROPERTY(QColor selectColor READ selectColor WRITE setSelectColor)
     Q_PROPERTY(QColor weekendColor READ weekendColor WRITE setWeekendColor)
 public:
-    UxCalendarTimeWidget(QWidget* parent, bool isDateYes, bool showBottom);
-    // Bare calendar: no controls, no date range; both flags set.
+    /// The defaults (date and time, with the bottom bar) let a form, or
+    /// Designer, make it from a parent alone.
+    explicit UxCalendarTimeWidget(QWidget* parent, bool isDateYes = false, bool showBottom = true);
+    /// Bare calendar: no controls, no date range; both flags set.
     UxCalendarTimeWidget();
     ~UxCalendarTimeWidget() override;
 
