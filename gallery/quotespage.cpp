@@ -5,6 +5,7 @@
 #include <uicomponents/quickmacroitem.h>
 #include <uicomponents/uxcustomtablewidget.h>
 #include <uicomponents/uxquickmacrosearchwidget.h>
+#include <uxcore/uxcore.h>
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -33,7 +34,7 @@ public:
     {
         const QColor tint = m_table ? m_table->backgroundColorAt(index.row(), index.column()) : QColor();
         if (tint.isValid())
-            painter->fillRect(option.rect, tint);
+            painter->fillRect(option.rect, QuotesPage::tintForSkin(tint, UxCore::instance()->getCurrentSkinId()));
         if (m_base)
             m_base->paint(painter, option, index);
     }
@@ -49,6 +50,17 @@ private:
 };
 
 } // namespace
+
+QColor QuotesPage::tintForSkin(const QColor& tint, const QString& skinId)
+{
+    if (skinId != QLatin1String("dark") && skinId != QLatin1String("black"))
+        return tint;
+    // The column file's pastel tints suit a white table; on a near-black one
+    // they glare and wash out the red and green prices. Keep the hue, drop
+    // the brightness so the price stays the brightest thing in the cell.
+    const auto hue = tint.hsvHueF();
+    return QColor::fromHsvF(hue < 0 ? 0 : hue, 0.75, 0.2);
+}
 
 QuotesPage::QuotesPage(MarketSimulator* market, QStatusBar* status, QWidget* parent)
     : QWidget(parent)

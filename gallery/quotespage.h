@@ -3,6 +3,7 @@
 
 #include <uicomponents/uxtabledefines.h>
 
+#include <QColor>
 #include <QTimer>
 #include <QWidget>
 
@@ -23,6 +24,9 @@ public:
     QuotesPage(MarketSimulator* market, QStatusBar* status, QWidget* parent = nullptr);
 
     UxCustomTableWidget* table() const { return m_table; }
+    // The change tint as painted on the skin SKINID: the column file's colour
+    // on light skins, a deep shade of its hue on the dark ones.
+    static QColor tintForSkin(const QColor& tint, const QString& skinId);
     const SubPageData& lastRequest() const { return m_page; }
     int requestCount() const { return m_requests; }
 

@@ -4,7 +4,7 @@
 import os
 import sys
 
-from pngwriter import write_png
+from pngwriter import write_scaled
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 SIZE = 16
@@ -12,12 +12,12 @@ SUB = 4  # supersampling per axis, for smooth edges
 
 
 def covered(inside):
-    """Fraction of the pixel (x, y) for which inside(fx, fy) holds."""
-    def cov(x, y):
+    """Fraction of the pixel (x, y, scale) for which inside(fx, fy) holds; fx, fy in 1x pixel units."""
+    def cov(x, y, scale):
         hits = 0
         for sy in range(SUB):
             for sx in range(SUB):
-                if inside(x + (sx + 0.5) / SUB, y + (sy + 0.5) / SUB):
+                if inside((x + (sx + 0.5) / SUB) / scale, (y + (sy + 0.5) / SUB) / scale):
                     hits += 1
         return hits / (SUB * SUB)
     return cov
@@ -47,11 +47,11 @@ def union(*shapes):
 
 
 def layers(*pairs):
-    """pairs of (rgb, coverage function), painted bottom to top."""
-    def px(x, y):
+    """pairs of (rgb, coverage function), painted bottom to top; returns pixel functions by scale."""
+    def px(x, y, scale):
         r = g = b = a = 0.0
         for rgb, cov in pairs:
-            c = cov(x, y)
+            c = cov(x, y, scale)
             if c <= 0:
                 continue
             na = c + a * (1 - c)
@@ -60,7 +60,7 @@ def layers(*pairs):
             b = (rgb[2] * c + b * a * (1 - c)) / na
             a = na
         return (int(round(r)), int(round(g)), int(round(b)), int(round(a * 255)))
-    return px
+    return lambda scale: (lambda x, y: px(x, y, scale))
 
 
 OUTER = rounded_box(1.0, 1.0, 15.0, 15.0, 2.5)
@@ -71,11 +71,11 @@ TICK = union(segment(4.5, 8.2, 7.0, 10.8, 1.0), segment(7.0, 10.8, 11.6, 5.2, 1.
 def checkbox_unchecked(path, frame, fill):
     ring = covered(lambda fx, fy: OUTER(fx, fy) and not INNER(fx, fy))
     inner = covered(INNER)
-    write_png(path, SIZE, SIZE, layers((fill, inner), (frame, ring)))
+    write_scaled(path, SIZE, SIZE, layers((fill, inner), (frame, ring)))
 
 
 def checkbox_checked(path, accent):
-    write_png(path, SIZE, SIZE, layers((accent, covered(OUTER)), ((255, 255, 255), covered(TICK))))
+    write_scaled(path, SIZE, SIZE, layers((accent, covered(OUTER)), ((255, 255, 255), covered(TICK))))
 
 
 CROSS = union(segment(4.5, 4.5, 11.5, 11.5, 0.8), segment(11.5, 4.5, 4.5, 11.5, 0.8))
@@ -87,7 +87,7 @@ def close_icon(path, cross, plate=None):
     if plate:
         pairs.append((plate, covered(PLATE)))
     pairs.append((cross, covered(CROSS)))
-    write_png(path, SIZE, SIZE, layers(*pairs))
+    write_scaled(path, SIZE, SIZE, layers(*pairs))
 
 
 CHEVRON_UP = union(segment(3.5, 10.5, 8.0, 6.0, 0.9), segment(8.0, 6.0, 12.5, 10.5, 0.9))
@@ -97,7 +97,7 @@ TO_TOP = union(segment(3.5, 3.5, 12.5, 3.5, 0.9), segment(3.5, 12.0, 8.0, 7.5, 0
 
 def arrows(folder, colour):
     for name, shape in (("settingdlg_top", TO_TOP), ("settingdlg_up", CHEVRON_UP), ("settingdlg_down", CHEVRON_DOWN)):
-        write_png(os.path.join(folder, name + ".png"), SIZE, SIZE, layers((colour, covered(shape))))
+        write_scaled(os.path.join(folder, name + ".png"), SIZE, SIZE, layers((colour, covered(shape))))
 
 
 def gear(fx, fy):
@@ -111,8 +111,8 @@ def gear(fx, fy):
 
 
 def settings_button(folder, colour, hover):
-    write_png(os.path.join(folder, "table_setting.png"), SIZE, SIZE, layers((colour, covered(gear))))
-    write_png(os.path.join(folder, "table_setting_hover.png"), SIZE, SIZE, layers((hover, covered(gear))))
+    write_scaled(os.path.join(folder, "table_setting.png"), SIZE, SIZE, layers((colour, covered(gear))))
+    write_scaled(os.path.join(folder, "table_setting_hover.png"), SIZE, SIZE, layers((hover, covered(gear))))
 
 
 SETS = {

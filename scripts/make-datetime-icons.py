@@ -5,7 +5,7 @@ import math
 import os
 import sys
 
-from pngwriter import write_png
+from pngwriter import write_scaled
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 RES = os.path.join(ROOT, "uicomponents", "resources")
@@ -19,13 +19,16 @@ def seg_dist(px, py, ax, ay, bx, by):
 
 
 def render(path, w, h, layers):
-    """layers: list of (inside(x, y) -> bool, (r, g, b, a)), painted in order with supersampling."""
+    """layers: list of (inside(x, y) -> bool, (r, g, b, a)) in 1x pixel units, painted in order with supersampling."""
 
-    def px(x, y):
+    def at(scale):
+        return lambda x, y: px(x, y, scale)
+
+    def px(x, y, scale):
         acc = [0.0, 0.0, 0.0, 0.0]
         for sy in range(SS):
             for sx in range(SS):
-                fx, fy = x + (sx + 0.5) / SS, y + (sy + 0.5) / SS
+                fx, fy = (x + (sx + 0.5) / SS) / scale, (y + (sy + 0.5) / SS) / scale
                 colour = None
                 for inside, rgba in layers:
                     if inside(fx, fy):
@@ -40,7 +43,7 @@ def render(path, w, h, layers):
             return (0, 0, 0, 0)
         return (int(acc[0] / acc[3]), int(acc[1] / acc[3]), int(acc[2] / acc[3]), int(255 * acc[3] / n))
 
-    write_png(path, w, h, px)
+    write_scaled(path, w, h, at)
 
 
 def strokes(segments, width):

@@ -4,7 +4,7 @@ uicomponents/resources/images/, so every picture in the tree is our own and can 
 import os
 import sys
 
-from pngwriter import write_png
+from pngwriter import write_scaled
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 OUT = os.path.join(ROOT, "uicomponents", "resources", "images")
@@ -19,15 +19,17 @@ def segment_distance(px, py, ax, ay, bx, by):
 
 
 def glyph(path, size, segments, rgb, half_width=0.75):
-    """Antialiased strokes: each segment is (ax, ay, bx, by) in pixel units."""
+    """Antialiased strokes: each segment is (ax, ay, bx, by) in pixel units of the 1x image."""
 
-    def px(x, y):
-        cx, cy = x + 0.5, y + 0.5
-        d = min(segment_distance(cx, cy, *s) for s in segments)
-        coverage = max(0.0, min(1.0, half_width + 0.5 - d))
-        return rgb + (int(round(255 * coverage)),)
+    def at(scale):
+        def px(x, y):
+            cx, cy = (x + 0.5) / scale, (y + 0.5) / scale
+            d = min(segment_distance(cx, cy, *s) for s in segments) * scale
+            coverage = max(0.0, min(1.0, half_width * scale + 0.5 - d))
+            return rgb + (int(round(255 * coverage)),)
+        return px
 
-    write_png(path, size, size, px)
+    write_scaled(path, size, size, at)
 
 
 def cross(size, inset):
@@ -47,17 +49,19 @@ def nine_slice_shadow(path, border, strength):
     """A frame of soft shadow for a style sheet's border-image: BORDER pixels wide, clear inside."""
     size = 2 * border + 8
 
-    def px(x, y):
-        cx, cy = x + 0.5, y + 0.5
-        dx = max(border - cx, 0.0, cx - (size - border))
-        dy = max(border - cy, 0.0, cy - (size - border))
-        d = (dx * dx + dy * dy) ** 0.5
-        if d == 0.0:
-            return (0, 0, 0, 0)
-        t = max(0.0, 1.0 - d / border)
-        return (0, 0, 0, int(strength * t * t))
+    def at(scale):
+        def px(x, y):
+            cx, cy = (x + 0.5) / scale, (y + 0.5) / scale
+            dx = max(border - cx, 0.0, cx - (size - border))
+            dy = max(border - cy, 0.0, cy - (size - border))
+            d = (dx * dx + dy * dy) ** 0.5
+            if d == 0.0:
+                return (0, 0, 0, 0)
+            t = max(0.0, 1.0 - d / border)
+            return (0, 0, 0, int(strength * t * t))
+        return px
 
-    write_png(path, size, size, px)
+    write_scaled(path, size, size, at)
 
 
 def main():

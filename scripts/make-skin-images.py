@@ -4,7 +4,7 @@ made again. """
 import os
 import sys
 
-from pngwriter import write_png
+from pngwriter import write_scaled
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 
@@ -15,9 +15,14 @@ def shadow_alpha(d, size, strength):
     return int(strength * t ** 1.5)
 
 
+def one_x(v, scale):
+    """Device pixel v of an image drawn at scale, in the 1x image's pixel coordinates (identity at scale 1)."""
+    return (v + 0.5) / scale - 0.5
+
+
 def shadows(folder, rgb, strength, size=10):
     def edge(dist):
-        return lambda x, y: rgb + (shadow_alpha(dist(x, y), size, strength),)
+        return lambda scale: (lambda x, y: rgb + (shadow_alpha(dist(one_x(x, scale), one_x(y, scale)), size, strength),))
 
     s = size
     pieces = {
@@ -31,7 +36,7 @@ def shadows(folder, rgb, strength, size=10):
         "shadow_right": (s, 1, lambda x, y: x + 1),
     }
     for name, (w, h, dist) in pieces.items():
-        write_png(os.path.join(folder, "bg", name + ".png"), w, h, edge(dist))
+        write_scaled(os.path.join(folder, "bg", name + ".png"), w, h, edge(dist))
 
 
 def calendar_icon(path, frame, accent):
@@ -48,7 +53,8 @@ def calendar_icon(path, frame, accent):
             return frame + (255,)
         return (0, 0, 0, 0)
 
-    write_png(path, 16, 16, px)
+    # Pixel art: the 2x image repeats each pixel as a 2 x 2 block, sharp at any whole scale.
+    write_scaled(path, 16, 16, lambda scale: (lambda x, y: px(x // scale, y // scale)))
 
 
 SKINS = {

@@ -3,6 +3,18 @@ import os
 import struct
 import zlib
 
+# Every image is drawn twice: at its own size and at twice that size, saved beside it with an "@2x" suffix, which Qt
+# picks on screens scaled to 150% and more.
+SCALES = (1, 2)
+
+
+def scaled_path(path, scale):
+    """path for scale 1, "name@2x.png" beside it for scale 2."""
+    if scale == 1:
+        return path
+    stem, ext = os.path.splitext(path)
+    return "%s@%dx%s" % (stem, scale, ext)
+
 
 def write_png(path, width, height, pixel):
     """pixel(x, y) -> (r, g, b, a)."""
@@ -20,3 +32,10 @@ def write_png(path, width, height, pixel):
     os.makedirs(os.path.dirname(path), exist_ok=True)
     with open(path, "wb") as f:
         f.write(png)
+
+
+def write_scaled(path, width, height, pixel_at):
+    """Writes path at every scale of SCALES. pixel_at(scale) returns the pixel(x, y) function for that scale, where
+    x and y count device pixels of the scaled image (width * scale by height * scale)."""
+    for s in SCALES:
+        write_png(scaled_path(path, s), width * s, height * s, pixel_at(s))
