@@ -95,7 +95,9 @@ bool spinUntil(const std::function<bool()>& cond, int ms)
 void sendMouse(QObject* target, QEvent::Type type, const QPoint& local, const QPoint& global,
                Qt::MouseButtons buttons)
 {
-    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton
+        : buttons & Qt::RightButton                          ? Qt::RightButton
+                                                             : Qt::LeftButton;
     if (type == QEvent::MouseButtonRelease)
         buttons = Qt::NoButton;
     QMouseEvent e(type, local, global, button, buttons, Qt::NoModifier);
