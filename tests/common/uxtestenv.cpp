@@ -1,9 +1,7 @@
 #include "uxtestenv.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QMouseEvent>
-#include <QPainter>
 #include <QFile>
 #include <QEventLoop>
 #include <QFileInfo>
@@ -102,62 +100,6 @@ void sendMouse(QObject* target, QEvent::Type type, const QPoint& local, const QP
         buttons = Qt::NoButton;
     QMouseEvent e(type, local, global, button, buttons, Qt::NoModifier);
     QCoreApplication::sendEvent(target, &e);
-}
-
-QStringList shadowPieces()
-{
-    return {QStringLiteral("top_left"), QStringLiteral("left"),      QStringLiteral("bottom_left"),
-            QStringLiteral("top"),      QStringLiteral("bottom"),    QStringLiteral("right"),
-            QStringLiteral("top_right"), QStringLiteral("bottom_right")};
-}
-
-QRgb shadowColour(int piece)
-{
-    static const QRgb colours[8] = {qRgb(255, 0, 0),   qRgb(0, 255, 0),   qRgb(0, 0, 255), qRgb(255, 255, 0),
-                                    qRgb(0, 255, 255), qRgb(255, 0, 255), qRgb(128, 0, 0), qRgb(0, 128, 0)};
-    return colours[piece];
-}
-
-void writeShadowSkin(const QString& id)
-{
-    QMap<QString, QByteArray> files;
-    for (int i = 0; i < 8; ++i) {
-        QImage image(4, 4, QImage::Format_RGB32);
-        image.fill(shadowColour(i));
-        QByteArray png;
-        QBuffer buffer(&png);
-        buffer.open(QIODevice::WriteOnly);
-        image.save(&buffer, "PNG");
-        files.insert(QStringLiteral("bg/shadow_%1.png").arg(shadowPieces().at(i)), png);
-    }
-    writeSkin(id, files);
-}
-
-QImage shadowReference(const QSize& size, int b)
-{
-    const int w = size.width();
-    const int h = size.height();
-    const QRect rects[8] = {QRect(0, 0, b, b),         QRect(0, b, b, h - 2 * b),     QRect(0, h - b, b, b),
-                            QRect(b, 0, w - 2 * b, b), QRect(b, h - b, w - 2 * b, b), QRect(w - b, b, b, h - 2 * b),
-                            QRect(w - b, 0, b, b),     QRect(w - b, h - b, b, b)};
-    QImage image(size, QImage::Format_ARGB32);
-    image.fill(Qt::transparent);
-    QPainter p(&image);
-    for (int i = 0; i < 8; ++i)
-        p.fillRect(rects[i], QColor(shadowColour(i)));
-    p.fillRect(QRect(0, 0, w, h).adjusted(b, b, -b, -b), Qt::white);
-    return image;
-}
-
-QPoint shadowBandMismatch(const QImage& actual, int b)
-{
-    const QImage expected = shadowReference(actual.size(), b);
-    const QRect body = QRect(QPoint(), actual.size()).adjusted(b, b, -b, -b);
-    for (int y = 0; y < actual.height(); ++y)
-        for (int x = 0; x < actual.width(); ++x)
-            if (!body.contains(x, y) && actual.pixel(x, y) != expected.pixel(x, y))
-                return QPoint(x, y);
-    return QPoint(-1, -1);
 }
 
 } // namespace UxTest

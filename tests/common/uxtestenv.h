@@ -8,7 +8,6 @@
 #include <uxcore/uxcore.h>
 
 #include <QByteArray>
-#include <QImage>
 #include <QMap>
 #include <QString>
 #include <QTemporaryDir>
@@ -44,19 +43,6 @@ bool spinUntil(const std::function<bool()>& cond, int ms);
 // (a move carries the left button as held while BUTTONS says so).
 void sendMouse(QObject* target, QEvent::Type type, const QPoint& local, const QPoint& global,
                Qt::MouseButtons buttons = Qt::LeftButton);
-
-// The eight shadow pieces in painting order ("top_left", "left", ...) and a
-// distinct opaque colour for each.
-QStringList shadowPieces();
-QRgb shadowColour(int piece);
-// Writes the eight pieces as plain PNGs of their colours under "bg/" of skin ID.
-void writeShadowSkin(const QString& id);
-// Where each piece must land for a W x H widget with border B: every piece
-// stretched over its rectangle, in painting order, on a transparent image.
-QImage shadowReference(const QSize& size, int border);
-// The first pixel of the border band of ACTUAL that differs from the
-// reference, or (-1, -1) when all match.
-QPoint shadowBandMismatch(const QImage& actual, int border);
 
 } // namespace UxTest
 
