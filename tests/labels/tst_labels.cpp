@@ -483,6 +483,7 @@ private Q_SLOTS:
                                             "UxCustomToolButton { color: #0000ff; }"));
         button.ensurePolished();
         QSignalSpy selected(&button, &UxCustomToolButton::selectedChanged);
+        button.addActionToMenu(QStringLiteral("A"));
         button.showMenu(QPoint(40, 50));
         QVERIFY(button.menu()->isVisible());
         QCOMPARE(selected.count(), 1);
@@ -496,6 +497,13 @@ private Q_SLOTS:
         QCOMPARE(selected.count(), 1);
         button.emitSelected();
         QCOMPARE(selected.count(), 2);
+        delete button.menu()->actions().value(0); // a client deletes what it was handed
+        button.setDefaultActionChecked(QStringLiteral("A"));
+        delete button.menu();
+        button.addActionToMenu(QStringLiteral("D"));
+        button.showMenu(QPoint(40, 50));
+        QVERIFY(button.menu()->isVisible());
+        QCOMPARE(button.menu()->actions().size(), 1);
     }
 };
 
