@@ -12,6 +12,18 @@ namespace {
 // One value each for the whole process, whichever helper sets them.
 uint g_borderWidth = 5;
 uint g_titleHeight = 30;
+
+// Larger than any screen; beyond 2^31 the values would turn negative where
+// they meet signed geometry and break every drag.
+const uint kMaxExtent = 16384;
+
+uint clampedExtent(uint value, const char* function)
+{
+    if (value <= kMaxExtent)
+        return value;
+    qDebug() << function << "value too large!" << value;
+    return kMaxExtent;
+}
 } // namespace
 
 void FramelessEdgeHits::update(const QPoint& globalPos, const QRect& frame, int border)
@@ -406,7 +418,7 @@ void FramelessHelper::updateRubberBands()
 void FramelessHelper::setBorderWidth(uint width)
 {
     if (width > 0)
-        g_borderWidth = width;
+        g_borderWidth = clampedExtent(width, Q_FUNC_INFO);
 }
 
 uint FramelessHelper::borderWidth()
@@ -417,7 +429,7 @@ uint FramelessHelper::borderWidth()
 void FramelessHelper::setTitleHeight(uint height)
 {
     if (height > 0)
-        g_titleHeight = height;
+        g_titleHeight = clampedExtent(height, Q_FUNC_INFO);
 }
 
 uint FramelessHelper::titleHeight()

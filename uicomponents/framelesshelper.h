@@ -16,7 +16,9 @@ class FramelessHelperState;
 // during a move or a resize and the target follows on release.
 //
 // The border width (grab band, default 5) and title height (default 30) are
-// one value each for the whole process, shared by every helper.
+// one value each for the whole process, shared by every helper. They are
+// clamped to 16384 pixels: a larger unsigned value would wrap negative in the
+// signed geometry and break dragging.
 //
 // Events of a widget target are consumed by the filter; events of a window
 // target are handled and passed on. Making the target frameless is the
@@ -44,7 +46,8 @@ public:
     void setRubberBandOnResize(bool on);
     bool rubberBandOnResisze();
 
-    // Process-wide; 0 leaves the value unchanged.
+    // Process-wide; 0 leaves the value unchanged, values above 16384 (more
+    // than a screen shows) are clamped to it and logged.
     void setBorderWidth(uint width);
     uint borderWidth();
     void setTitleHeight(uint height);

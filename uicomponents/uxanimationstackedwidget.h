@@ -20,7 +20,8 @@ class QTransform;
 // vertical directions too. The direction is RightToLeft until setLength()
 // chooses another. A paused widget refuses new transitions, and after stop()
 // every start() is refused until resetNum(). start() with an index that names
-// no page is refused as well.
+// no page is refused as well (and logged): there is no page to place and slide
+// in, and reporting that index would hand clients a page that does not exist.
 class UICOMPONENTS_EXPORT UxAnimationStackedWidget : public QStackedWidget
 {
     Q_OBJECT

@@ -52,6 +52,11 @@ UxBaseShadowWidget::~UxBaseShadowWidget() = default;
 
 void UxBaseShadowWidget::setWindowBorderWidth(int width)
 {
+    const int limit = 16384;
+    if (width > limit || width < -limit) {
+        qDebug() << Q_FUNC_INFO << "border width out of range!" << width;
+        width = qBound(-limit, width, limit);
+    }
     if (width == m_windowBorderWidth)
         return;
     m_windowBorderWidth = width;

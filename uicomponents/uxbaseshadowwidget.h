@@ -18,6 +18,10 @@ class QPaintEvent;
 // paintEvent() paints the same thing as drawFrame() without calling it, so
 // overriding drawFrame() changes only what its callers get, never the widget's
 // own look.
+//
+// The border width is kept within +-16384 pixels (more than a screen shows):
+// beyond that the rectangles' arithmetic overflows. Larger values are clamped
+// and logged.
 class UICOMPONENTS_EXPORT UxBaseShadowWidget : public QFrame
 {
     Q_OBJECT

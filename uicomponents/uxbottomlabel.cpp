@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QResizeEvent>
 
 UxBottomLabel::UxBottomLabel(const tagMessage& msg, QWidget* parent)
@@ -77,8 +78,13 @@ void UxBottomLabel::mousePressEvent(QMouseEvent* e)
 void UxBottomLabel::mouseReleaseEvent(QMouseEvent* e)
 {
     if (m_pressed) {
-        emit signalClicked(tagMessage(m_msg));
         m_pressed = false;
+        // The click may open a page that deletes the status bar, and this
+        // line with it: touch nothing of ours afterwards.
+        QPointer<UxBottomLabel> alive(this);
+        emit signalClicked(tagMessage(m_msg));
+        if (!alive)
+            return;
     }
     // Handed to the press handler on purpose: the label keeps no release logic.
     QLabel::mousePressEvent(e);
@@ -88,7 +94,7 @@ void UxBottomLabel::paintEvent(QPaintEvent* e)
 {
     Q_UNUSED(e)
     QPainter painter(this);
-    painter.setPen(m_msgColor.isValid() ? m_msgColor : palette().color(QPalette::WindowText));
+    painter.setPen(m_msgColor);
     painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, text());
 }
 

@@ -13,7 +13,8 @@
 // is neither). The tooltip shows the whole line. A click reports the message;
 // entering and leaving report the hover.
 //
-// An invalid colour paints in the palette's text colour.
+// The click is reported last: a receiver may delete the line (with the whole
+// status bar) from inside it.
 class UICOMPONENTS_EXPORT UxBottomLabel : public QLabel
 {
     Q_OBJECT

@@ -27,6 +27,8 @@ void UxCustomToolButton::createFrame()
 
 void UxCustomToolButton::addActionToMenu(const QString& text, const QVariant& data)
 {
+    if (!m_pMenu)
+        createFrame();
     QAction* action = m_pMenu->addAction(text);
     action->setCheckable(true);
     action->setData(data);
@@ -35,6 +37,7 @@ void UxCustomToolButton::addActionToMenu(const QString& text, const QVariant& da
 
 void UxCustomToolButton::setDefaultActionChecked(const QString& text)
 {
+    m_actions.removeAll(nullptr);
     for (QAction* action : qAsConst(m_actions))
         action->setChecked(action->text() == text);
     setText(text);
@@ -42,6 +45,8 @@ void UxCustomToolButton::setDefaultActionChecked(const QString& text)
 
 void UxCustomToolButton::showMenu(const QPoint& pos)
 {
+    if (!m_pMenu)
+        createFrame();
     if (m_pMenu->isVisible()) {
         m_pMenu->hide();
         return;
@@ -73,10 +78,12 @@ void UxCustomToolButton::slotMenuTriggered(QAction* action)
 {
     if (!action)
         return;
+    m_actions.removeAll(nullptr);
     for (QAction* a : qAsConst(m_actions))
         a->setChecked(false);
     action->setChecked(true);
     setText(action->text());
     emit clicked(true);
-    m_pMenu->close();
+    if (m_pMenu)
+        m_pMenu->close();
 }

@@ -4,6 +4,7 @@
 #include "uicomponents_export.h"
 
 #include <QList>
+#include <QPointer>
 #include <QToolButton>
 #include <QVariant>
 
@@ -18,6 +19,9 @@ class UxCusMenu;
 // selectedChanged(true) is emitted when the menu opens; nothing emits false:
 // the owner resets the look with setSelected(false). The "selected" property
 // is re-polished on change, so style sheets can select on it.
+//
+// A menu the client deletes is replaced by a new, empty one on the next
+// addActionToMenu() or showMenu(); actions the client deletes are forgotten.
 class UICOMPONENTS_EXPORT UxCustomToolButton : public QToolButton
 {
     Q_OBJECT
@@ -45,9 +49,11 @@ private Q_SLOTS:
 private:
     void createFrame();
 
-    UxCusMenu* m_pMenu;
+    // Guarded: a client may delete the menu (from menu()) or an action; a
+    // deleted menu is made anew when next needed, deleted actions are skipped.
+    QPointer<UxCusMenu> m_pMenu;
     bool m_bSelected;
-    QList<QAction*> m_actions;
+    QList<QPointer<QAction>> m_actions;
 };
 
 #endif // UXCUSTOMTOOLBUTTON_H

@@ -170,8 +170,13 @@ void UxLoopLabels::updateBarMsgNumOrTime()
     killTimerOp();
     qDeleteAll(m_msgList);
     m_msgList.clear();
-    while (m_stack->count() > 0)
-        m_stack->removeWidget(m_stack->widget(0));
+    // Deleted, not merely removed: a ticker reset every day would otherwise
+    // keep every line it ever showed.
+    while (m_stack->count() > 0) {
+        QWidget* line = m_stack->widget(0);
+        m_stack->removeWidget(line);
+        line->deleteLater();
+    }
     m_stack->resetNum();
 }
 

@@ -24,7 +24,10 @@ class UxBottomLabel;
 // refused by design). A message with the same time and content as a kept one
 // is dropped. The level colours come from the properties below, set from the
 // client's style sheet (qproperty-normalColor...); other levels are grey.
-// Negative intervals and durations are ignored.
+// Negative intervals and durations are ignored (and logged). Lines dropped
+// when the ticker is full and lines cleared by updateBarMsgNumOrTime() are
+// deleted, not just taken out of the stack, so that a ticker fed all day does
+// not grow without bound.
 class UICOMPONENTS_EXPORT UxLoopLabels : public QWidget
 {
     Q_OBJECT

@@ -23,6 +23,7 @@ struct tagMessage
 
 typedef tagMessage Message;
 
-Q_DECLARE_METATYPE(tagMessage)
+// Declared under the typedef so that QMetaType::typeName() gives "Message".
+Q_DECLARE_METATYPE(Message)
 
 #endif // UXMESSAGEDEFINES_H

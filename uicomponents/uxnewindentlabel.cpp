@@ -1,18 +1,21 @@
 #include "uxnewindentlabel.h"
 #include "uxnewindentlabel_p.h"
 
+#include <QDebug>
 #include <QFontMetrics>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QTextOption>
 
 namespace {
+// No screen shows more spaces than this; a larger indent would only make the
+// text allocation fail.
+const int kMaxIndent = 16384;
+
 QLabel* makeLinkLabel(QWidget* parent)
 {
     auto* label = new QLabel(parent);
     label->setObjectName(QStringLiteral("linkLabel"));
-    // Shown by the painting once there is a message to go with it.
-    label->hide();
     return label;
 }
 } // namespace
@@ -41,6 +44,10 @@ void UxNewIndentLabel::setMsg(const QString& msg)
 void UxNewIndentLabel::setTextIndent(int n)
 {
     Q_D(UxNewIndentLabel);
+    if (n > kMaxIndent) {
+        qDebug() << Q_FUNC_INFO << "indent too large!" << n;
+        n = kMaxIndent;
+    }
     d->m_indent = n < 0 ? 0 : n;
     d->m_text = QString(d->m_indent, QLatin1Char(' ')) + d->m_msg.simplified();
 }
@@ -64,6 +71,8 @@ void UxNewIndentLabel::showLinkTextVisible(bool visible)
 QLabel* UxNewIndentLabel::linkLabel()
 {
     Q_D(UxNewIndentLabel);
+    if (!d->m_linkLabel)
+        d->m_linkLabel = makeLinkLabel(this);
     return d->m_linkLabel;
 }
 

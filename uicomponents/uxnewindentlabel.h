@@ -17,6 +17,11 @@ class UxNewIndentLabelPrivate;
 //
 // setMsg(), setTextIndent() and showLinkTextVisible() only change state; call
 // update() to see the change at once.
+//
+// The link label is a child that a client may delete: it is then forgotten,
+// and linkLabel() or setLink() makes a new one. An indent above 16384 spaces
+// (wider than any screen) is clamped to that and logged, rather than letting
+// the text allocation abort the process.
 class UICOMPONENTS_EXPORT UxNewIndentLabel : public QLabel
 {
     Q_OBJECT

@@ -1,9 +1,10 @@
 #ifndef UXNEWINDENTLABEL_P_H
 #define UXNEWINDENTLABEL_P_H
 
+#include <QLabel>
+#include <QPointer>
 #include <QString>
 
-class QLabel;
 class UxNewIndentLabel;
 
 class UxNewIndentLabelPrivate
@@ -14,7 +15,8 @@ public:
     UxNewIndentLabel* q_ptr;
     QString m_msg;
     QString m_text; // the indent and the simplified message, as painted
-    QLabel* m_linkLabel;
+    // Guarded: a client may delete the label it got from linkLabel().
+    QPointer<QLabel> m_linkLabel;
     int m_width = 0;
     int m_height = 0;
     int m_lineSpacing = 0;

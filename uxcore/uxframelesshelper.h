@@ -12,7 +12,8 @@ class QWidget;
 class QMouseEvent;
 
 // Makes a frameless window movable (dragging anywhere that does not take the
-// mouse itself) and, when asked, resizable from a 5-pixel edge band. A drag
+// mouse itself) and resizable from a 5-pixel edge band, both from activateOn()
+// on; setWidgetMovable(false, ...) and setWidgetResizable(false) turn them off. A drag
 // prefers the platform's own move (QWindow::startSystemMove) and falls back to
 // moving the geometry by hand where the platform has none.
 // setWidgetMovable's integer: the height of the drag area from the top; 0 (what
@@ -41,8 +42,8 @@ private:
     bool handleMove(QMouseEvent* e);
 
     QPointer<QWidget> m_widget;
-    bool m_movable = false;
-    bool m_resizable = false;
+    bool m_movable = true;
+    bool m_resizable = true;
     int m_titleHeight = 0;
     bool m_dragging = false;
     Qt::Edges m_resizeEdges;

@@ -1,6 +1,7 @@
 #include "uxtestenv.h"
 
 #include <QDir>
+#include <QMouseEvent>
 #include <QFile>
 #include <QEventLoop>
 #include <QFileInfo>
@@ -87,6 +88,18 @@ bool spinUntil(const std::function<bool()>& cond, int ms)
     QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
     loop.exec();
     return cond();
+}
+
+void sendMouse(QObject* target, QEvent::Type type, const QPoint& local, const QPoint& global,
+               Qt::MouseButtons buttons)
+{
+    const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton
+        : buttons & Qt::RightButton                          ? Qt::RightButton
+                                                             : Qt::LeftButton;
+    if (type == QEvent::MouseButtonRelease)
+        buttons = Qt::NoButton;
+    QMouseEvent e(type, local, global, button, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(target, &e);
 }
 
 } // namespace UxTest

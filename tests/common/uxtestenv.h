@@ -39,6 +39,11 @@ void spin(int ms);
 // Runs the event loop until COND holds or MS pass; returns COND's last value.
 bool spinUntil(const std::function<bool()>& cond, int ms);
 
+// Sends one synthetic mouse event with explicit local and global positions
+// (a move carries the left button as held while BUTTONS says so).
+void sendMouse(QObject* target, QEvent::Type type, const QPoint& local, const QPoint& global,
+               Qt::MouseButtons buttons = Qt::LeftButton);
+
 } // namespace UxTest
 
 #define UX_TEST_MAIN(TestObject)                                                                                 \
