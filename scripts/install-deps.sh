@@ -9,6 +9,7 @@ packages=(
     libbenchmark-dev
     xvfb xauth
     fonts-wqy-microhei
+    faketime
     "$@"
 )
 

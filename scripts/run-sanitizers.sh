@@ -5,9 +5,9 @@
 #
 #   bash scripts/run-sanitizers.sh [extra cmake arguments]
 #
-# The gallery and the benchmarks are not built here, and the package test
-# (install + outside build) is left to the normal run: it checks packaging,
-# not memory.
+# The gallery's pages are built so that its smoke test (tst_gallery) runs here
+# too; the benchmarks are not. The package test (install + outside build) is
+# left to the normal run: it checks packaging, not memory.
 set -euo pipefail
 here="$(cd "$(dirname "$0")/.." && pwd)"
 build="${ASAN_BUILD_DIR:-$here/build-asan}"
@@ -21,7 +21,7 @@ cmake -S "$here" -B "$build" "${generator[@]}" \
     -DCMAKE_BUILD_TYPE=Debug \
     -DCMAKE_CXX_FLAGS_DEBUG="-O1 -g" \
     -DUX_SANITIZE=ON \
-    -DUX_BUILD_GALLERY=OFF \
+    -DUX_BUILD_GALLERY=ON \
     -DUX_BUILD_BENCH=OFF \
     -DUX_BUILD_TESTS=ON \
     "$@" >/dev/null
