@@ -10,6 +10,7 @@ packages=(
     libbenchmark-dev
     xvfb xauth
     fonts-wqy-microhei
+    faketime
     "$@"
 )
 

@@ -10,6 +10,8 @@
 #
 # Targets that drive widgets are slower per input; in the long mode they get
 # a tenth of the runs, a quarter in the short pass (FUZZ_WIDGET_RUNS overrides).
+# UX_STEP=build only configures and builds, UX_STEP=run only runs the targets
+# of an earlier build.
 set -euo pipefail
 here="$(cd "$(dirname "$0")/.." && pwd)"
 build="${FUZZ_BUILD_DIR:-$here/build-fuzz}"
@@ -21,13 +23,17 @@ case "$mode" in
 esac
 widget_runs="${FUZZ_WIDGET_RUNS:-$(( runs >= 100000 ? runs / 10 : runs / 4 ))}"
 
-bash "$here/scripts/install-deps.sh" clang libclang-rt-14-dev
+step="${UX_STEP:-all}"
 
-generator=()
-command -v ninja >/dev/null 2>&1 && generator=(-G Ninja)
-cmake -S "$here/fuzz" -B "$build" "${generator[@]}" \
-    -DCMAKE_CXX_COMPILER="${FUZZ_CXX:-clang++}" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
-cmake --build "$build" -j"$(nproc)"
+if [ "$step" != run ]; then
+    bash "$here/scripts/install-deps.sh" clang libclang-rt-14-dev
+    generator=()
+    command -v ninja >/dev/null 2>&1 && generator=(-G Ninja)
+    cmake -S "$here/fuzz" -B "$build" "${generator[@]}" \
+        -DCMAKE_CXX_COMPILER="${FUZZ_CXX:-clang++}" -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+    cmake --build "$build" -j"$(nproc)"
+fi
+[ "$step" = build ] && exit 0
 
 export ASAN_OPTIONS="halt_on_error=1:detect_leaks=1:exitcode=23"
 export UBSAN_OPTIONS="halt_on_error=1:print_stacktrace=1:exitcode=23"
