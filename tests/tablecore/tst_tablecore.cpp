@@ -253,7 +253,7 @@ private Q_SLOTS:
     void rowEdits();
     void rowSelectionAndClicks();
     void quoteUpdatesThroughView();
-    void saveRestoreAndSkin();
+    void skinReachesTheRule();
 };
 
 // ---------------------------------------------------------------- model
@@ -1293,23 +1293,9 @@ void TstTableCore::quoteUpdatesThroughView()
     QCOMPARE(view.getTableDatas().size(), 5);
 }
 
-void TstTableCore::saveRestoreAndSkin()
+void TstTableCore::skinReachesTheRule()
 {
     UxTableView view;
-    view.setBlockId(QStringLiteral("block-7"));
-    QMap<QString, QVariant> saved;
-    view.save(saved);
-    QCOMPARE(saved.value(QStringLiteral("blockId")).toString(), QStringLiteral("block-7"));
-
-    UxTableView other;
-    other.restore(saved);
-    QMap<QString, QVariant> again;
-    other.save(again);
-    QCOMPARE(again, saved);
-    other.restore({});
-    other.save(again);
-    QCOMPARE(again.value(QStringLiteral("blockId")).toString(), QString());
-
     // The view wears the skin's table sheet and follows a skin switch; the
     // row rule follows the sheet's alternate-background colour.
     QVERIFY(!view.styleSheet().isEmpty());

@@ -291,38 +291,6 @@ private Q_SLOTS:
             QCOMPARE(args.at(0).value<_TableData>(), data);
     }
 
-    void relaysWhatTheViewReallyEmits()
-    {
-        UxCustomTableWidget w;
-        QList<_TableHHeaderData> columns;
-        for (const QString& f : kTemplate) {
-            _TableHHeaderData d;
-            d.feild = f;
-            d.text = f;
-            columns << d;
-        }
-        w.setHHeaderData(columns);
-        QCOMPARE(w.columnCount(), kTemplate.size());
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QSignalSpy pages(&w, SIGNAL(sigSubPages(SubPageData)));
-        QSignalSpy codes(&w, SIGNAL(sigSubPages(QStringList)));
-        QSignalSpy clicked(&w, &UxCustomTableWidget::sigTableViewClicked);
-
-        QList<_TableData> rows;
-        for (int i = 0; i < 50; ++i)
-            rows << row(QString::number(600000 + i));
-        w.slotCreateTableData(rows);
-        w.slotSubFirstPage();
-        QCOMPARE(pages.count(), 1);
-        QCOMPARE(codes.count(), 1);
-        QVERIFY(codes.at(0).at(0).toStringList().first().startsWith(QStringLiteral("600000")));
-
-        w.setRowSelected(3);
-        QCOMPARE(clicked.count(), 1);
-        QCOMPARE(clicked.at(0).at(0).value<_TableData>().code, QStringLiteral("600003"));
-    }
-
     void initTableReadsTheDefaultFiles()
     {
         writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate, {"Amount"}));
