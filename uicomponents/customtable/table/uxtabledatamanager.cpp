@@ -123,12 +123,14 @@ bool UxTableDataManager::saveUserConfig(const QList<_TableHHeaderData>& list)
         keepDamagedUserFile();
     removeSaveLeftovers();
 
-    // A failed write is silent, as it always was; the old file stays whole.
     QSaveFile file(m_userFileName);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly)) {
+        qDebug() << Q_FUNC_INFO << "cannot open" << m_userFileName << file.errorString();
         return true;
+    }
     file.write(QJsonDocument(listToJson(list)).toJson());
-    file.commit();
+    if (!file.commit())
+        qDebug() << Q_FUNC_INFO << "cannot write" << m_userFileName << file.errorString();
     return true;
 }
 

@@ -25,8 +25,8 @@
 //   suffix before the next save replaces it, so a damaged file (the user's
 //   data, perhaps hand-edited) is never silently overwritten.
 // - A missing user configuration directory is created before writing.
-// saveUserConfig() still returns true for any non-empty list, and a failed
-// write is not logged.
+// saveUserConfig() still returns true for any non-empty list; a failed write
+// is logged ("cannot open", "cannot write") and leaves the old file whole.
 class UICOMPONENTS_EXPORT UxTableDataManager : public QObject
 {
     Q_OBJECT
