@@ -18,6 +18,7 @@
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTime>
+#include <QTimer>
 
 #include <algorithm>
 #include <climits>
@@ -687,6 +688,9 @@ void TstTableCore::tintSetAndCleared()
     model.updateRow(makeRow(QStringLiteral("600002"), 1, {{QStringLiteral("Now"), QStringLiteral("9.99")}}, 1));
     QCOMPARE(model.backgroundColorAt(model.index(1, 3)), kRiseBg);
     QCOMPARE(model.backgroundColorAt(model.index(2, 3)), kFallBg);
+    // Each update takes an idle timer of its own.
+    const QList<QTimer*> timers = model.findChildren<QTimer*>();
+    QCOMPARE(std::count_if(timers.begin(), timers.end(), [](QTimer* t) { return t->isActive(); }), 2);
     QVERIFY(!model.backgroundColorAt(model.index(1, 4)).isValid());
     QVERIFY(!model.data(model.index(1, 3), Qt::BackgroundRole).isValid());
 
