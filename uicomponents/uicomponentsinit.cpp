@@ -12,18 +12,20 @@
 
 static void uicomponentsRegisterTypes()
 {
-    qRegisterMetaType<_TableHHeaderData>("TableHHeaderData");
-    qRegisterMetaType<_TableHHeaderData>("_TableHHeaderData");
-    qRegisterMetaType<QList<_TableHHeaderData>>("QList<_TableHHeaderData>");
-    qRegisterMetaType<_TableData>("TableData");
-    qRegisterMetaType<_TableData>("_TableData");
-    qRegisterMetaType<QList<_TableData>>("QList<_TableData>");
-    qRegisterMetaType<QList<_TableData>>("QList<TableData>");
-    qRegisterMetaType<_SubPageData>("SubPageData");
-    qRegisterMetaType<_SubPageData>("_SubPageData");
+    // The records' own names come from their declarations; the underscore and
+    // tag names are registered as aliases so that lookups by either succeed.
+    qRegisterMetaType<TableHHeaderData>();
+    qRegisterMetaType<TableHHeaderData>("_TableHHeaderData");
+    qRegisterMetaType<QList<TableHHeaderData>>("QList<_TableHHeaderData>");
+    qRegisterMetaType<TableData>();
+    qRegisterMetaType<TableData>("_TableData");
+    qRegisterMetaType<QList<TableData>>("QList<TableData>");
+    qRegisterMetaType<QList<TableData>>("QList<_TableData>");
+    qRegisterMetaType<SubPageData>();
+    qRegisterMetaType<SubPageData>("_SubPageData");
     qRegisterMetaType<UxHeaderSort>("UxHeaderSort");
-    qRegisterMetaType<tagMessage>("Message");
-    qRegisterMetaType<tagMessage>("tagMessage");
+    qRegisterMetaType<Message>();
+    qRegisterMetaType<Message>("tagMessage");
     qRegisterMetaType<quickMacroItem>("quickMacroItem");
     qRegisterMetaType<quickMacroItem*>("quickMacroItem*");
     qRegisterMetaType<QLineEdit*>("QLineEdit*");

@@ -3,14 +3,16 @@
 
 // The message ticker's record: one notice of the client (alert,
 // announcement). Plain value, registered with the meta-type system as
-// "Message", the name every signal and slot signature uses.
+// "Message", the name every signal and slot signature uses. The struct
+// carries that name and tagMessage is the alias, because Qt 6 names a
+// meta-type after the type itself, never after a typedef.
 
 #include "uicomponents_export.h"
 
 #include <QMetaType>
 #include <QString>
 
-struct tagMessage
+struct Message
 {
     QString msgId;
     QString msgType;   // decimal kind; 1 to 4 pick an attention page
@@ -21,9 +23,8 @@ struct tagMessage
     QString extra;
 };
 
-typedef tagMessage Message;
+typedef Message tagMessage;
 
-// Declared under the typedef so that QMetaType::typeName() gives "Message".
 Q_DECLARE_METATYPE(Message)
 
 #endif // UXMESSAGEDEFINES_H

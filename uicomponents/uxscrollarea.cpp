@@ -13,12 +13,12 @@ bool UxScrollArea::event(QEvent* e)
 {
     if (e->type() == QEvent::Enter) {
         for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) {
-            if (bar && bar->isHidden())
+            if (bar && !bar->isVisible())
                 bar->show();
         }
     } else if (e->type() == QEvent::Leave) {
         for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) {
-            if (bar && !bar->isHidden())
+            if (bar && bar->isVisible())
                 bar->hide();
         }
     }
@@ -29,7 +29,7 @@ void UxScrollArea::showEvent(QShowEvent* e)
 {
     QScrollArea::showEvent(e);
     for (QScrollBar* bar : {verticalScrollBar(), horizontalScrollBar()}) {
-        if (bar && !bar->isHidden())
+        if (bar && bar->isVisible())
             bar->hide();
     }
 }

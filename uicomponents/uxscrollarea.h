@@ -5,10 +5,9 @@
 
 #include <QScrollArea>
 
-// A scroll area whose scroll bars stay hidden until the mouse is over it.
-// The bars' own shown/hidden state is what counts, not whether their
-// container happens to be on screen, so a bar that becomes needed while the
-// mouse is away stays hidden.
+// A scroll area whose scroll bars stay hidden until the mouse is over it:
+// Enter shows each bar that is not visible, Leave hides each that is, and
+// showing the area hides the visible ones.
 class UICOMPONENTS_EXPORT UxScrollArea : public QScrollArea
 {
     Q_OBJECT

@@ -35,10 +35,6 @@ UxViewScrollbarExpand::UxViewScrollbarExpand(QAbstractItemView* view, QObject* p
     InitView();
     view->setAttribute(Qt::WA_MouseTracking);
     view->installEventFilter(this);
-    // The viewport gets the wheel and mouse moves over the items before the view does.
-    m_pViewport = view->viewport();
-    if (m_pViewport)
-        m_pViewport->installEventFilter(this);
 }
 
 UxViewScrollbarExpand::~UxViewScrollbarExpand()
@@ -119,7 +115,7 @@ int UxViewScrollbarExpand::headerHeight() const
         header = table->horizontalHeader();
     else if (auto* tree = qobject_cast<QTreeView*>(m_pView.data()))
         header = tree->header();
-    if (!header || header->isHidden())
+    if (!header)
         return 0;
     return header->height();
 }
@@ -210,43 +206,26 @@ bool UxViewScrollbarExpand::eventFilter(QObject* watched, QEvent* event)
     default:
         return false;
     }
-    if (!m_pView)
+    if (!m_pView || watched != m_pView)
         return false;
-    if (watched == m_pView) {
-        switch (event->type()) {
-        case QEvent::MouseMove:
-            tableMouseMoveEvent(static_cast<QMouseEvent*>(event));
-            break;
-        case QEvent::Enter:
-            tableEnterEvent(event);
-            break;
-        case QEvent::Leave:
-            tableLeaveEvent(event);
-            break;
-        case QEvent::Wheel:
-            tableWheelEvent(static_cast<QWheelEvent*>(event));
-            break;
-        case QEvent::Resize:
-            tableResizeEvent(static_cast<QResizeEvent*>(event));
-            break;
-        default:
-            break;
-        }
-        return false;
-    }
-    if (m_pViewport && watched == m_pViewport) {
-        if (event->type() == QEvent::MouseMove) {
-            auto* me = static_cast<QMouseEvent*>(event);
-            QMouseEvent mapped(me->type(), m_pViewport->mapTo(m_pView, me->localPos().toPoint()), me->windowPos(),
-                               me->screenPos(), me->button(), me->buttons(), me->modifiers(), me->source());
-            tableMouseMoveEvent(&mapped);
-        } else if (event->type() == QEvent::Wheel) {
-            auto* we = static_cast<QWheelEvent*>(event);
-            if (we->angleDelta().y() != 0 && qAbs(we->angleDelta().y()) >= qAbs(we->angleDelta().x())) {
-                tableWheelEvent(we);
-                return true;
-            }
-        }
+    switch (event->type()) {
+    case QEvent::MouseMove:
+        tableMouseMoveEvent(static_cast<QMouseEvent*>(event));
+        break;
+    case QEvent::Enter:
+        tableEnterEvent(event);
+        break;
+    case QEvent::Leave:
+        tableLeaveEvent(event);
+        break;
+    case QEvent::Wheel:
+        tableWheelEvent(static_cast<QWheelEvent*>(event));
+        break;
+    case QEvent::Resize:
+        tableResizeEvent(static_cast<QResizeEvent*>(event));
+        break;
+    default:
+        break;
     }
     return false;
 }

@@ -27,10 +27,6 @@ class UxScheduler;
 // - setScollbarStyle() only keeps the text: the owner's skin styles the
 //   overlays (they are plain QScrollBars, children of the view), and a caller
 //   that has no skin can apply scollbarStyle() to them itself.
-// - Wheel and mouse-move events that the view's viewport receives are handled
-//   like the view's own (the viewport gets them first); a vertical wheel step
-//   over the items is taken by the overlay rule and not scrolled twice.
-// - A hidden header takes no room above the vertical overlay.
 // - The view, the overlays and pending hides are guarded: the view may be
 //   destroyed before this object.
 class UICOMPONENTS_EXPORT UxViewScrollbarExpand : public QObject
@@ -74,7 +70,6 @@ private:
     QString m_scrollbarStyle;
     UxScheduler* m_pScheduler = nullptr;
     unsigned int m_stayTime = 2000;
-    QPointer<QWidget> m_pViewport;
 };
 
 #endif // UXVIEWSCROLLBAREXPAND_H

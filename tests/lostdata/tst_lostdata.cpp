@@ -158,9 +158,14 @@ private slots:
             which == 'A' ? ++seenA : ++seenB;
         }
         qInfo("after 40 kills: %d times the first list, %d times the second", seenA, seenB);
-        // Nothing but the user file, the saver's leftovers and no ".bad":
-        // an intact file is never kept aside.
+        // An intact file is never kept aside, and the next save removes the
+        // temporaries the killed saves left (and only those).
         QVERIFY(!QFile::exists(userFile() + QStringLiteral(".bad")));
+        UxTest::writeFile(userFile() + QStringLiteral(".Ab12Cd"), "left by a killed save");
+        UxTest::writeFile(dir + QStringLiteral("/other.json.Ab12Cd"), "not ours");
+        QVERIFY(UxTableDataManager::getInstance()->saveUserConfig(listA()));
+        QCOMPARE(QDir(dir).entryList(QDir::Files),
+                 QStringList({QStringLiteral("other.json.Ab12Cd"), QStringLiteral("userhsstocktable.json")}));
     }
 
     void killedWhileReplacingADamagedFile()

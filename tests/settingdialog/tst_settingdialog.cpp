@@ -54,41 +54,6 @@ class TstSettingDialog : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void formMatchesTheSkins()
-    {
-        UxSettingDialog dlg;
-        QCOMPARE(dlg.objectName(), QStringLiteral("PRICE_FRAME"));
-        QVERIFY(dlg.windowFlags() & Qt::FramelessWindowHint);
-        QVERIFY(dlg.isModal());
-        QCOMPARE(dlg.size(), QSize(320, 502));
-        QCOMPARE(listOf(dlg)->verticalScrollBar()->objectName(), QStringLiteral("PRICE_LIST_WIDGET_V_SCROLLBAR"));
-        QVERIFY(dlg.findChild<QFrame*>(QStringLiteral("fmTop"))->isHidden());
-        QVERIFY(dlg.findChild<QFrame*>(QStringLiteral("fmBottom"))->isHidden());
-        QVERIFY(!dlg.findChild<QFrame*>(QStringLiteral("fmMidBtnBox"))->isHidden());
-
-        const struct { const char* name, *text, *tip; } buttons[] = {{"btnTop", "", "置顶"}, {"btnUp", "", "上移"}, {"btnDown", "", "下移"},
-                       {"btnOK", "确定", ""},  {"btnCancel", "取消", ""}, {"btnClose", "", ""}};
-        for (const auto& b : buttons) {
-            QPushButton* btn = button(dlg, b.name);
-            QVERIFY2(btn, b.name);
-            QCOMPARE(btn->text(), QString::fromUtf8(b.text));
-            QCOMPARE(btn->toolTip(), QString::fromUtf8(b.tip));
-        }
-        QCOMPARE(dlg.findChild<QLabel*>(QStringLiteral("lbTitle1"))->text(), QStringLiteral("列操作"));
-        QCOMPARE(dlg.findChild<QLabel*>(QStringLiteral("lbTitle2"))->text(), QStringLiteral("显示/隐藏"));
-    }
-
-    void skinSheetIsApplied()
-    {
-        UxTest::writeSkin(QStringLiteral("dlgskin"),
-                          {{QStringLiteral("quote/settingdlg.css"), QByteArray("#PRICE_FRAME { color: red; }")}});
-        UxCore::instance()->setCurrentSkin(QStringLiteral("dlgskin"));
-        UxSettingDialog dlg;
-        QCOMPARE(dlg.styleSheet(), QStringLiteral("#PRICE_FRAME { color: red; }"));
-        UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
-        QVERIFY(!dlg.styleSheet().contains(QStringLiteral("red")));
-    }
-
     void keepsTheFixedColumnsAside_data()
     {
         QTest::addColumn<int>("count");

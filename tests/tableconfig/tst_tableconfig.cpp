@@ -3,6 +3,7 @@
 
 #include "uxtestenv.h"
 
+#include "uxmessagedefines.h"
 #include "uxtabledatamanager.h"
 
 #include <QDir>
@@ -341,10 +342,28 @@ private slots:
             QCOMPARE(map.first().size(), firstCount);
     }
 
-    void recordsTravelInVariants()
+    // A client comparing type names sees the short names; both spellings
+    // find the type.
+    void recordTypeNames_data()
     {
-        for (const char* name : {"TableHHeaderData", "TableData", "SubPageData"})
-            QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QByteArray>("alias");
+        QTest::newRow("column") << qMetaTypeId<_TableHHeaderData>() << QByteArray("TableHHeaderData")
+                                << QByteArray("_TableHHeaderData");
+        QTest::newRow("row") << qMetaTypeId<_TableData>() << QByteArray("TableData") << QByteArray("_TableData");
+        QTest::newRow("request") << qMetaTypeId<_SubPageData>() << QByteArray("SubPageData")
+                                 << QByteArray("_SubPageData");
+        QTest::newRow("message") << qMetaTypeId<tagMessage>() << QByteArray("Message") << QByteArray("tagMessage");
+    }
+    void recordTypeNames()
+    {
+        QFETCH(int, id);
+        QFETCH(QByteArray, name);
+        QFETCH(QByteArray, alias);
+        QCOMPARE(QByteArray(QMetaType(id).name()), name);
+        QCOMPARE(QMetaType::type(name.constData()), id);
+        QCOMPARE(QMetaType::type(alias.constData()), id);
         const QVariant v = QVariant::fromValue(header(QStringLiteral("Now")));
         QCOMPARE(v.value<_TableHHeaderData>().feild, QStringLiteral("Now"));
     }

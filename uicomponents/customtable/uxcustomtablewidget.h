@@ -38,7 +38,8 @@ class UxCustomTableWidget;
 // to the view. Styled by the skin's "quote/customtable.css".
 //
 // Our choice: the top-level dialog is released after the widget
-// (deleteLater) instead of being left behind.
+// (deleteLater) instead of being left behind; otherwise every table a client
+// creates and destroys would leave one hidden dialog, without bound.
 class UICOMPONENTS_EXPORT UxCustomTableWidget : public QFrame, public IUxSkin
 {
     Q_OBJECT

@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonParseError>
 #include <QMetaEnum>
+#include <QRegularExpression>
 #include <QSaveFile>
 
 namespace {
@@ -110,10 +111,8 @@ bool UxTableDataManager::saveUserConfig(const QList<_TableHHeaderData>& list)
     if (list.isEmpty())
         return false;
     m_userList = list;
-    if (m_userFileName.isEmpty()) {
-        qDebug() << Q_FUNC_INFO << "fileName is Empty!";
+    if (m_userFileName.isEmpty())
         return true;
-    }
 
     const QFileInfo info(m_userFileName);
     if (!QDir().mkpath(info.absolutePath())) {
@@ -122,6 +121,7 @@ bool UxTableDataManager::saveUserConfig(const QList<_TableHHeaderData>& list)
     }
     if (m_userFileDamaged)
         keepDamagedUserFile();
+    removeSaveLeftovers();
 
     QSaveFile file(m_userFileName);
     if (!file.open(QIODevice::WriteOnly)) {
@@ -132,6 +132,21 @@ bool UxTableDataManager::saveUserConfig(const QList<_TableHHeaderData>& list)
     if (!file.commit())
         qDebug() << Q_FUNC_INFO << "cannot write" << m_userFileName << file.errorString();
     return true;
+}
+
+void UxTableDataManager::removeSaveLeftovers()
+{
+    // A save that was killed leaves its temporary beside the user file, named
+    // after it with a dot and six letters or digits.
+    const QFileInfo info(m_userFileName);
+    const QRegularExpression pattern(QStringLiteral("^%1\\.[A-Za-z0-9]{6}$")
+                                         .arg(QRegularExpression::escape(info.fileName())));
+    const QDir dir = info.absoluteDir();
+    const QStringList names = dir.entryList({info.fileName() + QStringLiteral(".??????")}, QDir::Files | QDir::Hidden);
+    for (const QString& name : names) {
+        if (pattern.match(name).hasMatch())
+            QFile::remove(dir.filePath(name));
+    }
 }
 
 void UxTableDataManager::keepDamagedUserFile()

@@ -17,13 +17,16 @@
 // when it holds anything, the template list otherwise.
 //
 // Choices of our own:
-// - The user file is written atomically (QSaveFile): a crash while saving
-//   leaves either the old file or the new one, never a truncated one.
-// - A missing user configuration directory is created before writing.
+// - The user file is written atomically (QSaveFile) rather than truncated in
+//   place: a truncating write that is cut short (crash, kill, full disk) loses
+//   the user's columns. A kill leaves either the old file or the new one, and
+//   the temporary a killed save leaves behind is removed by the next save.
 // - A user file that exists but cannot be parsed is renamed with a ".bad"
-//   suffix before the next save replaces it, so a damaged file is never
-//   silently overwritten.
-// saveUserConfig() still returns true for any non-empty list, as clients expect.
+//   suffix before the next save replaces it, so a damaged file (the user's
+//   data, perhaps hand-edited) is never silently overwritten.
+// - A missing user configuration directory is created before writing.
+// saveUserConfig() still returns true for any non-empty list; a failed write
+// is logged ("cannot open", "cannot write") and leaves the old file whole.
 class UICOMPONENTS_EXPORT UxTableDataManager : public QObject
 {
     Q_OBJECT
@@ -49,6 +52,7 @@ private:
     QList<_TableHHeaderData> jsonToList(const QJsonObject& table);
     QJsonObject listToJson(const QList<_TableHHeaderData>& list);
     void keepDamagedUserFile();
+    void removeSaveLeftovers();
 
     QList<_TableHHeaderData> m_templateList;
     QList<_TableHHeaderData> m_userList;

@@ -4,6 +4,12 @@
 // The quote table's records: one configured column, one instrument row, one
 // page or sort request, and the sort mode of a column. All are plain values
 // registered with the meta-type system when the library loads.
+//
+// Each struct carries its short meta-type name ("TableHHeaderData",
+// "TableData", "SubPageData") and the underscore name is the alias: Qt 6 names
+// a meta-type after the type itself and ignores typedef names, so this is the
+// one way QMetaType reports the short names under both Qt majors. Clients keep
+// writing _TableData and friends.
 
 #include "uicomponents_export.h"
 
@@ -24,7 +30,7 @@ enum UxHeaderSort
 
 // One column of the quote table. The misspelt "feild" is part of the
 // interface and of the column files.
-struct _TableHHeaderData
+struct TableHHeaderData
 {
     QString text;
     QString feild;
@@ -40,7 +46,7 @@ struct _TableHHeaderData
     QString defaultValue = QStringLiteral("--");
     Qt::Alignment alignment = Qt::AlignCenter;
 
-    bool operator==(const _TableHHeaderData& o) const
+    bool operator==(const TableHHeaderData& o) const
     {
         return text == o.text && feild == o.feild && isShow == o.isShow && isChangeColor == o.isChangeColor
             && defaultColor == o.defaultColor && riseColor == o.riseColor && fallColor == o.fallColor
@@ -48,12 +54,12 @@ struct _TableHHeaderData
             && fallBgColor == o.fallBgColor && defaultBgColor == o.defaultBgColor
             && defaultValue == o.defaultValue && alignment == o.alignment;
     }
-    bool operator!=(const _TableHHeaderData& o) const { return !(*this == o); }
+    bool operator!=(const TableHHeaderData& o) const { return !(*this == o); }
 };
 
 // One instrument row. riseFall: 0 up, 1 down, anything else neither.
 // values holds every other field's display text keyed by the column's feild.
-struct _TableData
+struct TableData
 {
     int tag = 0;
     QString key;
@@ -63,17 +69,17 @@ struct _TableData
     int riseFall = -1;
     QMap<QString, QString> values;
 
-    bool operator==(const _TableData& o) const
+    bool operator==(const TableData& o) const
     {
         return tag == o.tag && key == o.key && code == o.code && name == o.name && market == o.market
             && riseFall == o.riseFall && values == o.values;
     }
-    bool operator!=(const _TableData& o) const { return !(*this == o); }
+    bool operator!=(const TableData& o) const { return !(*this == o); }
 };
 
 // The rows the table asks its owner for: a page while scrolling, or a whole
 // sorted table after a header click.
-struct _SubPageData
+struct SubPageData
 {
     int start = 0;
     int count = 0;
@@ -81,22 +87,22 @@ struct _SubPageData
     QString sortFeild;
     int sortMode = UxSortNone;
 
-    bool operator==(const _SubPageData& o) const
+    bool operator==(const SubPageData& o) const
     {
         return start == o.start && count == o.count && blockId == o.blockId && sortFeild == o.sortFeild
             && sortMode == o.sortMode;
     }
-    bool operator!=(const _SubPageData& o) const { return !(*this == o); }
+    bool operator!=(const SubPageData& o) const { return !(*this == o); }
 };
 
-// The names used in signal and slot signatures.
-typedef _TableHHeaderData TableHHeaderData;
-typedef _TableData TableData;
-typedef _SubPageData SubPageData;
+// The record names of the library's interface.
+typedef TableHHeaderData _TableHHeaderData;
+typedef TableData _TableData;
+typedef SubPageData _SubPageData;
 
-Q_DECLARE_METATYPE(_TableHHeaderData)
-Q_DECLARE_METATYPE(_TableData)
-Q_DECLARE_METATYPE(_SubPageData)
+Q_DECLARE_METATYPE(TableHHeaderData)
+Q_DECLARE_METATYPE(TableData)
+Q_DECLARE_METATYPE(SubPageData)
 Q_DECLARE_METATYPE(UxHeaderSort)
 
 #endif // UXTABLEDEFINES_H

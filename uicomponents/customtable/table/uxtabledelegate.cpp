@@ -4,19 +4,6 @@
 #include <QStyle>
 #include <QTableView>
 
-namespace {
-
-// Painting lands on whole device pixels, unscaled and not antialiased.
-bool onPixelGrid(const QPainter* painter)
-{
-    if (painter->testRenderHint(QPainter::Antialiasing))
-        return false;
-    const QTransform t = painter->deviceTransform();
-    return t.type() <= QTransform::TxTranslate && t.dx() == qRound(t.dx()) && t.dy() == qRound(t.dy());
-}
-
-} // namespace
-
 UxTableDelegate::UxTableDelegate(QTableView* view)
     : QItemDelegate(nullptr)
 {
@@ -45,12 +32,6 @@ void UxTableDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     if (!m_view)
         return;
     const QColor ruleColor = m_view->palette().brush(QPalette::AlternateBase).color();
-    if (m_view->gridStyle() == Qt::SolidLine && option.rect.width() > 0 && onPixelGrid(painter)) {
-        // A solid hairline along one pixel row is a one-pixel-high rectangle;
-        // filling that skips the stroker, which is most of the rule's cost.
-        painter->fillRect(QRect(option.rect.bottomLeft(), QSize(option.rect.width(), 1)), ruleColor);
-        return;
-    }
     const QPen rule(QBrush(ruleColor, Qt::SolidPattern), 0, m_view->gridStyle(), Qt::SquareCap, Qt::BevelJoin);
     const QPen saved = painter->pen();
     painter->setPen(rule);

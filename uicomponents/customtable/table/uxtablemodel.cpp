@@ -175,23 +175,22 @@ QVariant UxTableModel::data(const QModelIndex& index, int role) const
         const QString v = r.values.value(h.feild);
         if (v.isEmpty())
             return QVariant();
-        QColor c;
         if (comparesWithPreClose(h.feild)) {
             const double value = v.toDouble();
             const double preClose = r.values.value(QStringLiteral("PreClose")).toDouble();
             if (value > preClose)
-                c = h.riseColor;
-            else if (value < preClose)
-                c = h.fallColor;
-        } else if (h.feild == QLatin1String("DifferRange5Min") && v.startsWith(QLatin1Char('-'))) {
-            c = h.fallColor;
-        } else if (r.riseFall == 0) {
-            c = h.riseColor;
-        } else if (r.riseFall == 1) {
-            c = h.fallColor;
+                return h.riseColor;
+            if (value < preClose)
+                return h.fallColor;
+            return QVariant();
         }
-        // A colour the column file left out falls back to the view's text colour.
-        return c.isValid() ? QVariant(c) : QVariant();
+        if (h.feild == QLatin1String("DifferRange5Min") && v.startsWith(QLatin1Char('-')))
+            return h.fallColor;
+        if (r.riseFall == 0)
+            return h.riseColor;
+        if (r.riseFall == 1)
+            return h.fallColor;
+        return QVariant();
     }
     default:
         return QVariant();

@@ -29,21 +29,23 @@ class QTimer;
 // - updateRow() finds its row through a hash on (key, code, market), so the
 //   cost of an update does not depend on the number of rows. The first row
 //   with the triple wins, as a scan from the top would find.
-// - sort() parses every row's key once, then sorts the parsed keys. The
-//   parsed keys of the numeric field sorted last are kept, in step with the
-//   rows, so sorting it again (the other way, or after quote updates) only
-//   re-parses the rows that changed since. All
-//   numeric keys are ordered by value (a 万/亿 key by its unsigned integer, a
-//   plain or % key by its double), which agrees with the pairwise rules of
-//   lessThan (conversion follows the left key) wherever those rules are
-//   consistent, and stays a total order where they are not (negative plain
-//   numbers beside unit values, values within rounding distance of each
-//   other). Empty codes, unparsable times and NaN have no place in the order
-//   and go to the end in both directions. Equal keys keep their previous order.
+// - sort() parses every row's key once, then sorts the parsed keys; the keys
+//   of the numeric field sorted last are kept in step with the rows, so
+//   sorting it again only re-parses the rows that changed since.
+// - sort() uses a total order. The pairwise rule (conversion follows the left
+//   key, null keys neither less nor greater) is not a strict weak order, and
+//   std::sort given such a comparison may read past the ends of the list.
+//   Numeric keys are ordered by value (a 万/亿 key by its unsigned integer, a
+//   plain or % key by its double), which agrees with the pairwise rule
+//   wherever that rule is consistent; empty codes, unparsable times and NaN
+//   go to the end in both directions; equal keys keep their previous order.
 // - sort() for a column equal to columnCount() does nothing.
-// - While tinting is disabled, updated rows are not queued for tint clearing
-//   (nothing would ever drain the queue).
-// - rowCount()/columnCount() answer 0 for a valid parent, as a flat table must.
+// - While tinting is disabled, updated rows are not queued for tint clearing:
+//   no timer runs then, so the queue would grow without bound.
+// - rowCount()/columnCount() answer 0 for a valid parent: a flat table that
+//   reports children under every cell is an endless tree to a tree view.
+// - dataChanged() never names a row or column the model does not have
+//   (updateAllRows() on fewer than three columns, an empty model).
 class UxTableModel : public QAbstractTableModel
 {
     Q_OBJECT

@@ -8,7 +8,6 @@
 #include <QEvent>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QPaintEvent>
 #include <QScrollBar>
 
 namespace {
@@ -39,8 +38,6 @@ UxTableView::UxTableView(QWidget* parent)
     horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     horizontalHeader()->setDefaultSectionSize(kSectionSize);
     horizontalHeader()->setFixedHeight(kHeaderHeight);
-    // Whole rows are selected; a bold caption on every column says nothing.
-    horizontalHeader()->setHighlightSections(false);
     setModel(m_pModel);
     setItemDelegate(m_pDelegate);
     initFrozenTableView();
@@ -97,10 +94,7 @@ void UxTableView::initFrozenTableView()
     m_pFrozenView->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_pFrozenView->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     m_pFrozenView->horizontalHeader()->setFixedHeight(kHeaderHeight);
-    m_pFrozenView->horizontalHeader()->setHighlightSections(false);
     m_pFrozenView->verticalHeader()->setDefaultSectionSize(kRowHeight);
-    // Keys always reach this view, wherever the row was clicked.
-    m_pFrozenView->setFocusProxy(this);
 
     connect(m_pFrozenView->horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int logicalIndex, int, int newSize) {
@@ -196,7 +190,7 @@ void UxTableView::setHHeaderData(const QList<_TableHHeaderData>& list)
 
     const int w = width();
     int s = kSectionSize;
-    if (n * kSectionSize - 20 >= w || n < 2) {
+    if (n * kSectionSize - 20 >= w || n == 1) {
         // A single column has nothing to share the width with.
         horizontalHeader()->setDefaultSectionSize(kSectionSize);
     } else {
@@ -284,17 +278,6 @@ void UxTableView::setRowSelected(int row)
     if (row < 0 || row >= rowCount())
         return;
     selectRow(row);
-    if (isVisible()) {
-        // Bring the row on screen; the scroll asks for its quotes as usual.
-        const int y = rowViewportPosition(row);
-        const int h = qMax(1, rowHeight(row));
-        if (y < 0) {
-            verticalScrollBar()->setValue(row);
-        } else if (y + h > viewport()->height()) {
-            const int fit = qMax(1, viewport()->height() / h);
-            verticalScrollBar()->setValue(row - fit + 1);
-        }
-    }
     setFocus(Qt::OtherFocusReason);
     emit sigTableViewClicked(m_pModel->tableDatas().at(row), currentIndex());
 }
@@ -399,8 +382,7 @@ void UxTableView::slotHHeaderClicked(int column)
 {
     if (column == 0)
         return;
-    // Captions carry no arrows while the views sort by themselves.
-    m_pModel->setSortIndicatorShown(!m_bIsIndexSelected);
+    m_pModel->setSortIndicatorShown(true);
     m_pModel->toggleSortState(column);
     m_sortMode = UxHeaderSort(m_pModel->sortState(column));
     m_iSortColumn = column;
@@ -408,10 +390,10 @@ void UxTableView::slotHHeaderClicked(int column)
     m_iTopRow = 0;
     m_iStartRow = 0;
     m_iLastStartRow = -1;
-    if (verticalScrollBar()->value() != 0) {
-        m_bSkipNextValue = true;
-        verticalScrollBar()->setValue(0);
-    }
+    // Skips the change that the reset below causes (and, when the bar is
+    // already at the top, the next one).
+    m_bSkipNextValue = true;
+    verticalScrollBar()->setValue(0);
     m_iEndRow = clampedEndRow(m_iStartRow);
 
     if (m_bIsIndexSelected)
@@ -611,40 +593,4 @@ void UxTableView::showEvent(QShowEvent* event)
 void UxTableView::hideEvent(QHideEvent* event)
 {
     QTableView::hideEvent(event);
-}
-
-QRect UxTableView::frozenCoverage() const
-{
-    if (!m_pFrozenView || !m_pFrozenView->isVisible())
-        return QRect();
-    // Only an opaque background hides what lies underneath. A style sheet
-    // turns the fill off and paints its background instead; it also puts
-    // that colour in the palette, so the palette tells in both cases.
-    const QWidget* frozen = m_pFrozenView->viewport();
-    const bool filled = frozen->autoFillBackground() || frozen->testAttribute(Qt::WA_StyledBackground);
-    if (!filled || !frozen->palette().brush(frozen->backgroundRole()).isOpaque())
-        return QRect();
-    const QPoint offset = frozen->mapTo(this, QPoint()) - viewport()->mapTo(this, QPoint());
-    return QRect(offset, frozen->size()) & viewport()->rect();
-}
-
-void UxTableView::paintEvent(QPaintEvent* event)
-{
-    // The frozen view repaints whatever lies under it: leave those cells out.
-    const QRect covered = frozenCoverage();
-    if (covered.isEmpty() || !event->region().intersects(covered)) {
-        QTableView::paintEvent(event);
-        return;
-    }
-    const QRegion rest = event->region().subtracted(covered);
-    if (rest.isEmpty())
-        return;
-    QPaintEvent uncovered(rest);
-    QTableView::paintEvent(&uncovered);
-}
-
-void UxTableView::updateGeometries()
-{
-    QTableView::updateGeometries();
-    updateFrozenTableGeometry();
 }

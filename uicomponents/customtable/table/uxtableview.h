@@ -28,16 +28,14 @@ class UxTableDelegate;
 // mouse is over the table. Styled by "quote/customtable.css".
 //
 // Choices of our own:
-// - A header click suppresses the next scroll change only when resetting the
-//   scroll bar to the top actually changes it, so a click at the top does not
-//   swallow the user's next scroll.
-// - setHHeaderData() with fewer than two columns leaves the section size at 80.
-// - moveUp()/moveDown() ignore a row outside the table.
-// - setRowSelected() scrolls the row into view when it is off screen.
-// - The frozen view hands keyboard focus to this view, so keys behave the
-//   same wherever the row was clicked.
-// - Cells lying under the frozen view are not painted by this view while
-//   the frozen view is shown with an opaque background; it covers them.
+// - setHHeaderData() with one column leaves the section size at 80 (the
+//   shared width would be divided by zero).
+// - moveUp()/moveDown() ignore a row outside the table, which the swap would
+//   read past the end of the list.
+// - Before the first show the page-row count stays 0: nothing is laid out
+//   yet, so no request goes out.
+// - The frozen view is destroyed before this view's own teardown, since it
+//   signals back into this view.
 class UxTableView : public QTableView, public IUxSkin
 {
     Q_OBJECT
@@ -102,15 +100,11 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
-    // Keeps the frozen view over the viewport when scroll bars come and go.
-    void updateGeometries() override;
 
 private:
     void initFrozenTableView();
     void connectSignals();
     void updateFrozenTableGeometry();
-    QRect frozenCoverage() const;
     void calcPageRows();
     void requestSubPages(int start);
     int clampedEndRow(int start) const;
