@@ -190,7 +190,12 @@ void UxKeyBoradSprit::showWithParent(QWidget* lineEdit)
     m_root = lineEdit;
     setProperty("root", QVariant::fromValue(qobject_cast<QLineEdit*>(lineEdit)));
     QWidget* window = lineEdit->window();
-    setParent(window);
+    if (parentWidget() != window) {
+        disconnect(m_hostWatch);
+        setParent(window);
+        // A widget announces its destruction before it deletes its children.
+        m_hostWatch = connect(window, &QObject::destroyed, this, [this]() { setParent(nullptr); });
+    }
 
     QPoint position;
     QSize size;

@@ -47,6 +47,10 @@ class UxKeyBoradSprit;
 //   window; without the watch, closing the window would destroy the shared
 //   instance, which must live as long as the process, and leave every client
 //   that kept the pointer from initance() with a dangling one.
+// - The popup also leaves the window it sits in when that window is
+//   destroyed. A hidden popup has been lowered to the first of the window's
+//   children, so it would die with the window before any line edit's
+//   destroy handler could rescue it.
 // - Null pointers and records with fewer than four texts never show.
 // - A window too small for the 30-pixel gap gives the popup height 0, the
 //   size Qt itself would clamp the negative height to.
@@ -98,6 +102,7 @@ private:
     QSet<QObject*> m_attached; // line edits whose text handler is connected
     QSet<QObject*> m_watched;  // line edits whose destruction is watched
     const QObject* m_root = nullptr; // identity of the "root" line edit, never dereferenced
+    QMetaObject::Connection m_hostWatch; // the destroyed() of the window the popup sits in
 };
 
 #endif // UXKEYBORADSPRIT_H
