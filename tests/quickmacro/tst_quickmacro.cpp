@@ -14,7 +14,6 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QPointer>
-#include <QRandomGenerator>
 #include <QRegularExpressionValidator>
 #include <QTreeWidget>
 
@@ -26,62 +25,16 @@ namespace {
 // Owns the records a test hands out as pointers, as a client would.
 struct Dict
 {
-    Dict& add(const QString& code, const QString& name, const QString& key = QString(), const QString& kind = "A")
+    Dict& add(const QString& code, const QString& name, const QString& key = QString())
     {
-        items.emplace_back(new quickMacroItem{{kind, code, name, key}, "url:" + code});
+        items.emplace_back(new quickMacroItem{{"A", code, name, key}, "url:" + code});
         ptrs.append(items.back().get());
         return *this;
     }
+    Dict& stocks() { return add("600000", "浦发银行", "pfyh").add("000600", "建投能源", "jtny").add("160060", "Fund One", "fo").add("300750", "宁德时代", "ndsd"); }
     std::vector<std::unique_ptr<quickMacroItem>> items;
     QVector<quickMacroItem*> ptrs;
 };
-
-Dict stocks()
-{
-    Dict d;
-    d.add("600000", "浦发银行", "pfyh").add("000600", "建投能源", "jtny").add("160060", "Fund One", "fo");
-    d.add("300750", "宁德时代", "ndsd");
-    return d;
-}
-
-QStringList codesOf(const QVector<quickMacroItem*>& items)
-{
-    QStringList codes;
-    for (const quickMacroItem* i : items)
-        codes << i->texts.at(1);
-    return codes;
-}
-
-// The ranking written the plain way: equal first, then by code match position, then name or key.
-QStringList referenceRank(const QVector<quickMacroItem*>& dict, const QString& text)
-{
-    QMap<int, QStringList> ranks;
-    for (const quickMacroItem* r : dict) {
-        if (ranks.value(-1).size() >= 200)
-            break;
-        const QStringList& t = r->texts;
-        const int p = t[1].indexOf(text, 0, Qt::CaseInsensitive);
-        if (!text.compare(t[1], Qt::CaseInsensitive) || !text.compare(t[2], Qt::CaseInsensitive))
-            ranks[-1] << t[1];
-        else if (p >= 0)
-            ranks[p] << t[1];
-        else if (t[2].contains(text, Qt::CaseInsensitive) || t[3].contains(text, Qt::CaseInsensitive))
-            ranks[INT_MAX] << t[1];
-    }
-    QStringList all;
-    for (const QStringList& l : ranks)
-        all << l;
-    return all.mid(0, 200);
-}
-
-QString randomText(QRandomGenerator& rng, int minLen, int maxLen)
-{
-    static const QString alphabet = QString::fromUtf8("aAbB01 éÉσΣςßẞıİ");
-    QString s;
-    for (int i = minLen + int(rng.bounded(maxLen - minLen + 1)); i > 0; --i)
-        s += alphabet.at(int(rng.bounded(alphabet.size())));
-    return s;
-}
 
 UxKeyBoradSprit* wizard() { return UxKeyBoradSprit::initance(); }
 QuickMacroView* wizardView() { return wizard()->findChild<QuickMacroView*>(); }
@@ -94,30 +47,34 @@ void sendFocus(QWidget* w, QEvent::Type type)
     QApplication::sendEvent(w, &ev);
 }
 
-void typeInto(QLineEdit* edit, const QString& text)
+// A line edit at RECT in PARENT that feeds the wizard, focused and given TEXT.
+QLineEdit* wizardEdit(QWidget* parent, const QRect& rect, const QString& text)
 {
+    auto* edit = new QLineEdit(parent);
+    edit->setGeometry(rect);
+    edit->installEventFilter(wizard());
+    parent->window()->show();
     sendFocus(edit, QEvent::FocusIn);
     edit->setText(text);
+    return edit;
 }
 
-// Own methods of MO in declaration order, as "kind:signature".
+// Own methods of MO in declaration order, in Qt's text form (2 signal, 1 other).
 QStringList ownMethods(const QMetaObject& mo)
 {
     QStringList out;
-    for (int i = mo.methodOffset(); i < mo.methodCount(); ++i) {
-        const QMetaMethod m = mo.method(i);
-        out << QString::fromLatin1(m.methodType() == QMetaMethod::Signal ? "signal:" : "method:") + m.methodSignature();
-    }
+    for (int i = mo.methodOffset(); i < mo.methodCount(); ++i)
+        out << (mo.method(i).methodType() == QMetaMethod::Signal ? "2" : "1") + mo.method(i).methodSignature();
     return out;
 }
 
-// A shown panel the overlay covers and watches, optionally with a replace line edit.
+// A shown panel that the overlay covers and watches, optionally with a replace line edit.
 struct OverlayScene
 {
     OverlayScene(const QSize& size, const QRect& editRect = QRect())
     {
         panel.resize(size);
-        overlay()->setDictData(dict.ptrs);
+        overlay()->setDictData(dict.stocks().ptrs);
         overlay()->setParent(&panel);
         panel.installEventFilter(overlay());
         if (editRect.isValid()) {
@@ -139,7 +96,7 @@ struct OverlayScene
         QList<QList<QStringList>> groups;
         overlay()->setExtendItems(names, groups);
     }
-    Dict dict = stocks();
+    Dict dict;
     QWidget panel;
     QLineEdit* edit = nullptr;
 };
@@ -149,9 +106,10 @@ struct OverlayScene
 class TstQuickMacro : public QObject
 {
     Q_OBJECT
-    Dict m_dict = stocks();
+    Dict m_dict;
 
 private slots:
+    void initTestCase() { m_dict.stocks(); }
     void init()
     {
         wizard()->hide();
@@ -159,39 +117,39 @@ private slots:
         wizard()->setDictData(m_dict.ptrs);
     }
 
-    // What clients and skins rely on: names, signatures, defaults, timing.
+    // What clients and skins rely on: names, signatures, defaults, the completer's wait.
     void contract_data()
     {
         QTest::addColumn<QVariant>("actual");
         QTest::addColumn<QVariant>("expected");
-        QuickMacroView view;
+        QuickMacroView v;
         UxNewSearchLineEdit search;
         auto* timer = search.findChild<QTimer*>();
-        auto add = [](const char* name, const QVariant& a, const QVariant& e) { QTest::newRow(name) << a << e; };
-        add("initance is one", QVariant::fromValue<QObject*>(wizard()), QVariant::fromValue<QObject*>(UxKeyBoradSprit::initance()));
-        add("wizard form", QStringList{wizard()->objectName(), wizard()->windowTitle()}, QStringList{"UxKeyBoradSprit", "Frame"});
-        add("wizard meta", ownMethods(UxKeyBoradSprit::staticMetaObject),
-            QStringList{"signal:signalStockSelected(QString,int)", "method:clear()", "method:focusRowChanged(int)",
-                        "method:dbClicked(QModelIndex,bool)", "method:dbClicked(QModelIndex)"});
-        add("wizard list height, focus", QVariantList{wizardView()->height(), int(wizardView()->focusPolicy())},
-            QVariantList{362, int(QTableView().focusPolicy())});
-        add("overlay meta", ownMethods(QuickMacroSearchWidget::staticMetaObject),
-            QStringList{"signal:newSearchResultCount(int)", "signal:stockSelected(QString,int)",
-                        "signal:extendSelected(QString,int,int)", "method:searchTextChanged(QString)",
-                        "method:focusRowChanged(int)", "method:enterIsEnabled()", "method:dbClicked(QModelIndex)"});
-        add("overlay initance", QVariant::fromValue<QObject*>(overlay()), QVariant::fromValue<QObject*>(QuickMacroSearchWidget::initance()));
-        add("overlay heights", QVariantList{overlay()->searchEdit()->height(), overlay()->tableView()->height()}, QVariantList{27, 362});
-        add("completer meta", ownMethods(UxCompleter::staticMetaObject),
-            QStringList{"method:doneCompletion()", "method:preventSuggest()", "method:autoSuggest()", "method:slotRspCodeSearchs()"});
-        add("line edit meta", ownMethods(UxKeyBoradLineEdit::staticMetaObject), QStringList{"signal:signalStockSelected(QString,int)"});
-        add("completer wait", QVariantList{timer->interval(), timer->isSingleShot(), int(timer->timerType())},
-            QVariantList{400, true, int(Qt::CoarseTimer)});
-        add("search edit width, pattern", QVariantList{search.width(), qobject_cast<const QRegularExpressionValidator*>(search.validator())->regularExpression().pattern()},
-            QVariantList{120, QString("^[a-zA-Z0-9.\\w]+$")});
-        add("view rows", QVariantList{view.verticalHeader()->defaultSectionSize(), view.columnWidth(0), view.columnWidth(1), view.horizontalHeader()->stretchLastSection()},
-            QVariantList{30, 74, 100, true});
-        add("view look", QVariantList{view.horizontalHeader()->isHidden(), view.verticalHeader()->isHidden(), view.showGrid(), view.hasAutoScroll(), int(view.selectionBehavior()), int(view.selectionMode()), int(view.horizontalScrollBarPolicy())},
-            QVariantList{true, true, false, false, int(QAbstractItemView::SelectRows), int(QAbstractItemView::SingleSelection), int(Qt::ScrollBarAlwaysOff)});
+        auto* validator = qobject_cast<const QRegularExpressionValidator*>(search.validator());
+        QTest::newRow("initance") << QVariant(wizard() == UxKeyBoradSprit::initance() && overlay() == QuickMacroSearchWidget::initance()) << QVariant(true);
+        QTest::newRow("wizard form") << QVariant(QVariantList{wizard()->objectName(), wizard()->windowTitle(), wizardView()->height(), int(wizardView()->focusPolicy())})
+                                     << QVariant(QVariantList{"UxKeyBoradSprit", "Frame", 362, int(QTableView().focusPolicy())});
+        QTest::newRow("wizard meta") << QVariant(ownMethods(UxKeyBoradSprit::staticMetaObject))
+                                     << QVariant(QStringList{"2signalStockSelected(QString,int)", "1clear()", "1focusRowChanged(int)", "1dbClicked(QModelIndex,bool)", "1dbClicked(QModelIndex)"});
+        QTest::newRow("overlay meta") << QVariant(ownMethods(QuickMacroSearchWidget::staticMetaObject))
+                                      << QVariant(QStringList{"2newSearchResultCount(int)", "2stockSelected(QString,int)", "2extendSelected(QString,int,int)", "1searchTextChanged(QString)",
+                                                              "1focusRowChanged(int)", "1enterIsEnabled()", "1dbClicked(QModelIndex)"});
+        QTest::newRow("overlay heights") << QVariant(QVariantList{overlay()->searchEdit()->height(), overlay()->tableView()->height()}) << QVariant(QVariantList{27, 362});
+        QTest::newRow("completer meta") << QVariant(ownMethods(UxCompleter::staticMetaObject))
+                                        << QVariant(QStringList{"1doneCompletion()", "1preventSuggest()", "1autoSuggest()", "1slotRspCodeSearchs()"});
+        QTest::newRow("line edit meta") << QVariant(ownMethods(UxKeyBoradLineEdit::staticMetaObject)) << QVariant(QStringList{"2signalStockSelected(QString,int)"});
+        QTest::newRow("completer wait") << QVariant(QVariantList{timer->interval(), timer->isSingleShot(), int(timer->timerType())}) << QVariant(QVariantList{400, true, int(Qt::CoarseTimer)});
+        QTest::newRow("search edit") << QVariant(QVariantList{search.width(), validator->regularExpression().pattern()}) << QVariant(QVariantList{120, "^[a-zA-Z0-9.\\w]+$"});
+        UxKeyBoradLineEdit edit;
+        edit.loadSkin(QString("QLineEdit { color: red; }")); // the skin reaches the line edit only
+        auto* popup = qobject_cast<QuickMacroView*>(edit.completer()->popup());
+        QTest::newRow("keyboard line edit") << QVariant(QVariantList{popup->model()->rowCount(), int(edit.completer()->filterMode()), edit.completer()->maxVisibleItems(), popup->styleSheet()})
+                                            << QVariant(QVariantList{0, int(Qt::MatchContains), 100, ""});
+        QTest::newRow("view") << QVariant(QVariantList{v.verticalHeader()->defaultSectionSize(), v.columnWidth(0), v.columnWidth(1), v.horizontalHeader()->stretchLastSection(),
+                                                       v.horizontalHeader()->isHidden(), v.verticalHeader()->isHidden(), v.showGrid(), v.hasAutoScroll(), int(v.selectionBehavior()),
+                                                       int(v.selectionMode()), int(v.horizontalScrollBarPolicy())})
+                              << QVariant(QVariantList{30, 74, 100, true, true, true, false, false, int(QAbstractItemView::SelectRows), int(QAbstractItemView::SingleSelection),
+                                                       int(Qt::ScrollBarAlwaysOff)});
     }
     void contract()
     {
@@ -200,82 +158,57 @@ private slots:
         QCOMPARE(actual, expected);
     }
 
-    void listRows()
-    {
-        QuickMacroView view;
-        view.setTableData({}, {"功能"}, {{{"F10"}, {"61", "上证A股"}, {"K"}}}, true);
-        QAbstractItemModel* m = view.model();
-        QCOMPARE(m->rowCount(), 3);
-        QCOMPARE(m->columnCount(), 3);
-        for (int r = 0; r < 3; ++r) {
-            QCOMPARE(m->index(r, 0).data(Qt::UserRole).toString(), QString("功能"));
-            QCOMPARE(m->index(r, 0).data().toString(), QString());
-            QCOMPARE(m->index(r, 1).data(Qt::TextAlignmentRole).toInt(), 129);
-            QVERIFY(!m->index(r, 1).data(Qt::ToolTipRole).isValid());
-        }
-        QCOMPARE(m->index(1, 2).data().toString(), QString("上证A股"));
-        QVERIFY(!m->index(0, 2).data().isValid());
-        QCOMPARE(QVector<int>({view.columnSpan(0, 1), view.columnSpan(1, 1)}), QVector<int>({1, 2}));
-        // Hits come first; spans count from the first group entry, so they land on hit rows.
-        view.setTableData(m_dict.ptrs.mid(0, 2), {"g"}, {{{"a", "b"}, {"c"}}}, false);
-        QVERIFY(view.isColumnHidden(0));
-        QCOMPARE(m->index(1, 2).data().toString(), QString("建投能源"));
-        QCOMPARE(m->index(0, 0).data(Qt::UserRole).toString(), QString("A"));
-        QCOMPARE(QVector<int>({view.columnSpan(0, 1), view.columnSpan(2, 1)}), QVector<int>({2, 1}));
-        QCOMPARE(m->index(2, 1).data().toString(), QString("a"));
-        QVERIFY(!m->index(4, 0).data(Qt::UserRole).isValid());
-    }
-
-    void rowBudget_data()
+    void listRows_data()
     {
         QTest::addColumn<int>("hits");
         QTest::addColumn<int>("groupRows");
         QTest::newRow("no hits") << 0 << 20;
+        QTest::newRow("1 hit") << 1 << 20;
         QTest::newRow("195 hits") << 195 << 5;
         QTest::newRow("200 hits") << 200 << 0;
         QTest::newRow("300 hits") << 300 << 0;
     }
-    void rowBudget()
+    void listRows()
     {
         QFETCH(int, hits);
         QFETCH(int, groupRows);
         Dict dict;
         for (int i = 0; i < hits; ++i)
-            dict.add(QString::number(i), "n");
-        QList<QStringList> group;
-        for (int i = 0; i < 10; ++i)
-            group << QStringList{QString::number(i)};
+            dict.add(QString::number(i), "n" + QString::number(i));
+        QList<QStringList> group{{"F10"}, {"61", "上证A股"}, {}, {}, {}, {}, {}, {}, {}, {}};
         QuickMacroView view;
-        view.setTableData(dict.ptrs, {"g1", "g2"}, {group, group}, true);
-        QCOMPARE(view.model()->rowCount(), hits + groupRows);
-        if (groupRows)
-            QCOMPARE(view.model()->index(hits + 10, 0).data(Qt::UserRole).toString(), QString(groupRows > 10 ? "g2" : ""));
+        view.setTableData(dict.ptrs, {"g1", "g2"}, {group, group}, hits % 2 == 0);
+        QAbstractItemModel* m = view.model();
+        const int g = hits; // first group row
+        QCOMPARE(QVariantList({m->rowCount(), m->columnCount(), view.isColumnHidden(0), m->index(0, 0).data(Qt::UserRole), m->index(0, 2).data()}),
+                 QVariantList({hits + groupRows, 3, hits % 2 != 0, hits ? "A" : "g1", hits ? QVariant("n0") : QVariant()}));
+        // Spans count from the first group entry, not after the hits.
+        QCOMPARE(QVector<int>({view.columnSpan(0, 1), view.columnSpan(1, 1), view.columnSpan(11, 1)}), QVector<int>({1, groupRows ? 2 : 1, groupRows > 10 ? 2 : 1}));
+        if (!groupRows)
+            return;
+        QCOMPARE(QVariantList({m->index(g + 1, 0).data(Qt::UserRole), m->index(g + 1, 0).data(), m->index(g + 1, 1).data(), m->index(g + 1, 2).data(),
+                               m->index(g, 2).data(), m->index(g + 2, 1).data(), m->index(g, 1).data(Qt::ToolTipRole), m->index(g, 2).data(Qt::TextAlignmentRole)}),
+                 QVariantList({"g1", "", "61", "上证A股", QVariant(), QVariant(), QVariant(), 129}));
+        QCOMPARE(m->index(g + groupRows - 1, 0).data(Qt::UserRole).toString(), QString(groupRows > 10 ? "g2" : "g1"));
     }
 
-    void delegatePaintsTag_data()
-    {
-        QTest::addColumn<bool>("selected");
-        QTest::newRow("selected") << true;
-        QTest::newRow("plain") << false;
-    }
     void delegatePaintsTag()
     {
-        QFETCH(bool, selected);
         DataModel model;
         model.resetData(m_dict.ptrs, {}, {});
-        QImage image(74, 30, QImage::Format_ARGB32);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        QStyleOptionViewItem option;
-        option.rect = QRect(0, 0, 74, 30);
-        option.state = QStyle::State_Enabled | (selected ? QStyle::State_Selected : QStyle::State_None);
-        DataDelegate().paint(&painter, option, model.index(0, 0));
-        painter.end();
-        // Filled blue inside the tag when selected; otherwise only the outline, 10 px in and 5 px down.
-        QCOMPARE(image.pixelColor(58, 15), selected ? QColor(76, 159, 255) : QColor(Qt::white));
-        QCOMPARE(image.pixelColor(8, 15), QColor(Qt::white));
-        QCOMPARE(image.pixelColor(37, 3), QColor(Qt::white));
-        QVERIFY(image.pixelColor(37, 25).blue() > image.pixelColor(37, 25).red());
+        for (bool selected : {true, false}) {
+            QImage image(74, 30, QImage::Format_ARGB32);
+            image.fill(Qt::white);
+            QPainter painter(&image);
+            QStyleOptionViewItem option;
+            option.rect = QRect(0, 0, 74, 30);
+            option.state = QStyle::State_Enabled | (selected ? QStyle::State_Selected : QStyle::State_None);
+            DataDelegate().paint(&painter, option, model.index(0, 0));
+            // Filled blue inside the tag when selected, else only the outline, 10 px in and 5 px down.
+            QCOMPARE(image.pixelColor(58, 15), selected ? QColor(76, 159, 255) : QColor(Qt::white));
+            QCOMPARE(QVariantList({image.pixelColor(8, 15), image.pixelColor(37, 3)}), QVariantList({QColor(Qt::white), QColor(Qt::white)}));
+            QVERIFY(image.pixelColor(37, 25).blue() > image.pixelColor(37, 25).red());
+        }
     }
 
     void ranking_data()
@@ -293,48 +226,19 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(QStringList, codes);
-        Dict dict = stocks();
-        dict.add("0", "0").ptrs << nullptr; // short and null records never show
+        Dict dict;
+        dict.stocks().add("0", "0").ptrs << nullptr; // short and null records never show
         dict.items.back()->texts.removeLast();
         UxQuickMacroMatcher matcher;
         matcher.setDictionary(dict.ptrs);
-        QCOMPARE(codesOf(matcher.search(text)), codes);
-    }
-
-    void rankingMatchesReference()
-    {
-        QRandomGenerator rng(20240611);
-        Dict big;
+        QStringList got;
+        for (const quickMacroItem* i : matcher.search(text))
+            got << i->texts.at(1);
+        QCOMPARE(got, codes);
         for (int i = 0; i < 1000; ++i)
-            big.add(QString::number(i).rightJustified(4, '0'), "n", "k");
-        UxQuickMacroMatcher matcher;
-        matcher.setDictionary(big.ptrs);
-        QCOMPARE(matcher.search("0").size(), 200);
-        for (int round = 0; round < 3; ++round) {
-            Dict dict;
-            const int count = 500 + int(rng.bounded(2000));
-            for (int i = 0; i < count; ++i)
-                dict.add(randomText(rng, 1, 6), randomText(rng, 1, 6), randomText(rng, 0, 6));
-            matcher.setDictionary(dict.ptrs);
-            for (int q = 0; q < 40; ++q) {
-                // The client may edit records in place after handing them over.
-                if (q >= 20)
-                    dict.ptrs.at(int(rng.bounded(count)))->texts[1 + int(rng.bounded(3))] = randomText(rng, 1, 6);
-                const QString text = randomText(rng, 1, 3);
-                QCOMPARE(codesOf(matcher.search(text)), referenceRank(dict.ptrs, text));
-            }
-        }
-    }
-
-    void wizardRowMovement()
-    {
-        QuickMacroView* view = wizardView();
-        const QList<QPair<int, int>> steps{{0, -1}, {1, 0}, {0, 0}, {1, 1}, {1, 2}, {1, 3}, {1, 3}, {7, 3}, {0, 2}};
-        for (const auto& step : steps) {
-            wizard()->focusRowChanged(step.first);
-            QCOMPARE(view->currentIndex().row(), step.second);
-        }
-        QVERIFY(view->selectionModel()->isRowSelected(2, QModelIndex()));
+            dict.add(QString::number(i), "n");
+        matcher.setDictionary(dict.ptrs);
+        QCOMPARE(matcher.search("1").size(), 200);
     }
 
     void wizardEnter_data()
@@ -354,27 +258,19 @@ private slots:
         QFETCH(QString, code);
         QWidget window;
         window.resize(400, 600);
-        auto* edit = new QLineEdit(&window);
-        edit->setGeometry(10, 10, 320, 24);
-        edit->installEventFilter(wizard());
+        QLineEdit* edit = wizardEdit(&window, QRect(10, 10, 320, 24), text);
         edit->setProperty("needopen", needOpen);
-        window.show();
         QSignalSpy spy(wizard(), &UxKeyBoradSprit::signalStockSelected);
-        typeInto(edit, text);
-        QVERIFY(wizard()->isVisible());
-        QCOMPARE(wizard()->parentWidget(), &window);
+        QVERIFY(wizard()->isVisible() && wizard()->parentWidget() == &window);
         QCOMPARE(wizard()->property("root").value<QLineEdit*>(), edit);
         QTest::keyClick(edit, Qt::Key_Down);
         QCOMPARE(wizardView()->currentIndex().row(), code.isEmpty() ? -1 : 1);
         QTest::keyClick(edit, code.isEmpty() ? Qt::Key_Enter : Qt::Key_Return);
-        QCOMPARE(edit->text(), code);
-        QVERIFY(!wizard()->isVisible());
-        QCOMPARE(spy.count(), needOpen.toBool() && !code.isEmpty() ? 1 : 0);
-        if (!spy.isEmpty())
-            QCOMPARE(spy.first(), QVariantList({"url:160060", 0}));
-
+        QVERIFY(edit->text() == code && !wizard()->isVisible());
+        QCOMPARE(spy, needOpen.toBool() && !code.isEmpty() ? QList<QVariantList>({{"url:160060", 0}}) : QList<QVariantList>());
         // Focus leaving with hits keeps the popup; with none it hides and detaches.
-        typeInto(edit, text);
+        sendFocus(edit, QEvent::FocusIn);
+        edit->setText(text);
         sendFocus(edit, QEvent::FocusOut);
         QCOMPARE(wizard()->isVisible(), !code.isEmpty());
         wizard()->hide();
@@ -382,69 +278,47 @@ private slots:
         QCOMPARE(wizard()->isVisible(), !code.isEmpty());
     }
 
-    void wizardPlacement_data()
+    void wizardRowMovement()
     {
-        QTest::addColumn<bool>("nested");
-        QTest::addColumn<int>("windowHeight");
-        QTest::newRow("direct, capped") << false << 900;
-        QTest::newRow("direct, gap") << false << 300;
-        QTest::newRow("nested, capped") << true << 900;
-        QTest::newRow("nested, gap") << true << 300;
-    }
-    void wizardPlacement()
-    {
-        QFETCH(bool, nested);
-        QFETCH(int, windowHeight);
-        QWidget window;
-        window.resize(500, windowHeight);
-        QWidget* holder = &window;
-        if (nested) {
-            holder = new QWidget(&window);
-            holder->setGeometry(20, 40, 460, 200);
+        for (const auto& step : QList<QPair<int, int>>{{0, -1}, {1, 0}, {0, 0}, {1, 1}, {1, 2}, {1, 3}, {1, 3}, {7, 3}, {0, 2}}) {
+            wizard()->focusRowChanged(step.first);
+            QCOMPARE(wizardView()->currentIndex().row(), step.second);
         }
-        auto* edit = new QLineEdit(holder);
-        edit->setGeometry(nested ? QRect(15, 7, 430, 24) : QRect(30, 50, 250, 24));
-        edit->installEventFilter(wizard());
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        typeInto(edit, "6");
-        const QPoint origin = edit->mapTo(&window, QPoint(0, 0));
-        // The nested rule does not subtract the line edit's height from the room below.
-        const int below = windowHeight - 30 - origin.y() - (nested ? 0 : edit->height());
-        QCOMPARE(wizard()->geometry(), QRect(origin.x(), origin.y() + 24, edit->width(), qMin(below, 400)));
-        QCOMPARE(wizardView()->size(), wizard()->size());
-        QCOMPARE(wizardView()->isColumnHidden(0), !nested); // a popup under 300 px shows no tag
+        QVERIFY(wizardView()->selectionModel()->isRowSelected(2, QModelIndex()));
     }
 
-    void wizardSurvivesWindow_data()
+    void wizardPlacement()
     {
-        QTest::addColumn<bool>("nested");
-        QTest::addColumn<bool>("detached");
-        QTest::newRow("direct") << false << false;
-        QTest::newRow("nested") << true << false;
-        QTest::newRow("detached by focus out") << false << true;
+        for (const auto& c : QList<QPair<bool, int>>{{false, 900}, {false, 300}, {true, 900}, {true, 300}}) { // nested?, window height
+            const bool nested = c.first;
+            init();
+            QWidget window;
+            window.resize(500, c.second);
+            auto* holder = new QWidget(&window);
+            holder->setGeometry(20, 40, 460, 200);
+            QLineEdit* edit = wizardEdit(nested ? holder : &window, nested ? QRect(15, 7, 430, 24) : QRect(30, 50, 250, 24), "6");
+            const QPoint origin = edit->mapTo(&window, QPoint(0, 0));
+            // The nested rule does not subtract the line edit's height from the room below.
+            const int below = c.second - 30 - origin.y() - (nested ? 0 : 24);
+            QCOMPARE(wizard()->geometry(), QRect(origin.x(), origin.y() + 24, edit->width(), qMin(below, 400)));
+            QCOMPARE(wizardView()->size(), wizard()->size());
+            QCOMPARE(wizardView()->isColumnHidden(0), !nested); // a popup under 300 px shows no tag
+        }
     }
+
     void wizardSurvivesWindow()
     {
-        QFETCH(bool, nested);
-        QFETCH(bool, detached);
-        QPointer<UxKeyBoradSprit> alive(wizard());
-        auto* window = new QWidget;
-        window->resize(400, 500);
-        QWidget* holder = nested ? new QWidget(window) : window;
-        auto* edit = new QLineEdit(holder);
-        edit->setGeometry(5, 5, 300, 24);
-        edit->installEventFilter(wizard());
-        window->show();
-        typeInto(edit, detached ? "zzz" : "6");
-        QCOMPARE(wizard()->parentWidget(), window);
-        if (detached)
+        for (int c = 0; c < 3; ++c) { // direct, nested, detached by a focus-out without hits
+            QPointer<UxKeyBoradSprit> alive(wizard());
+            auto* window = new QWidget;
+            window->resize(400, 500);
+            QLineEdit* edit = wizardEdit(c == 1 ? new QWidget(window) : window, QRect(5, 5, 300, 24), c == 2 ? "zzz" : "6");
+            QCOMPARE(wizard()->parentWidget(), window);
             sendFocus(edit, QEvent::FocusOut);
-        delete window;
-        QVERIFY(alive);
-        QCOMPARE(wizard(), alive.data());
-        QVERIFY(!wizard()->parentWidget());
-        QVERIFY(!wizard()->property("root").value<QLineEdit*>());
+            delete window;
+            QVERIFY(alive && wizard() == alive.data() && !wizard()->parentWidget());
+            QVERIFY(!wizard()->property("root").value<QLineEdit*>());
+        }
         wizard()->updateResult("600");
         QCOMPARE(wizardView()->model()->rowCount(), 3);
     }
@@ -455,16 +329,12 @@ private slots:
         QTest::addColumn<int>("modifiers");
         QTest::addColumn<bool>("opens");
         QTest::newRow("plain") << int(Qt::Key_6) << int(Qt::NoModifier) << true;
-        QTest::newRow("keypad") << int(Qt::Key_6) << int(Qt::KeypadModifier) << true;
         QTest::newRow("control+shift") << int(Qt::Key_6) << int(Qt::ControlModifier | Qt::ShiftModifier) << true;
         QTest::newRow("shift") << int(Qt::Key_A) << int(Qt::ShiftModifier) << false;
         QTest::newRow("control") << int(Qt::Key_6) << int(Qt::ControlModifier) << false;
         QTest::newRow("alt") << int(Qt::Key_6) << int(Qt::AltModifier) << false;
-        QTest::newRow("escape") << int(Qt::Key_Escape) << 0 << false;
-        QTest::newRow("backspace") << int(Qt::Key_Backspace) << 0 << false;
-        QTest::newRow("delete") << int(Qt::Key_Delete) << 0 << false;
-        QTest::newRow("return") << int(Qt::Key_Return) << 0 << false;
-        QTest::newRow("F5") << int(Qt::Key_F5) << 0 << false;
+        for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_F5})
+            QTest::addRow("key %x", key) << int(key) << 0 << false;
     }
     void overlayOpensOnTypedKey()
     {
@@ -477,28 +347,25 @@ private slots:
         QCOMPARE(overlay()->isVisible(), opens);
         if (!opens)
             return;
-        QCOMPARE(overlay()->searchEdit()->text(), QString("6"));
-        QCOMPARE(overlay()->geometry(), QRect(0, 0, 800, 600));
-        QCOMPARE(container()->geometry(), QRect(500, 600 - 27 - 362, 300, 27 + 362));
-        QCOMPARE(count.last().first().toInt(), 3);
-        QTest::keyClick(overlay()->searchEdit(), Qt::Key_Down);
-        QCOMPARE(overlay()->tableView()->currentIndex().row(), 1);
-        QTest::keyClick(overlay()->searchEdit(), Qt::Key_Up);
-        QTest::keyClick(overlay()->searchEdit(), Qt::Key_Up);
-        QCOMPARE(overlay()->tableView()->currentIndex().row(), 0);
+        QCOMPARE(QVariantList({overlay()->searchEdit()->text(), overlay()->geometry(), container()->geometry(), count.last().first()}),
+                 QVariantList({"6", QRect(0, 0, 800, 600), QRect(500, 600 - 27 - 362, 300, 27 + 362), 3}));
+        for (const auto& step : QList<QPair<Qt::Key, int>>{{Qt::Key_Down, 1}, {Qt::Key_Up, 0}, {Qt::Key_Up, 0}}) {
+            QTest::keyClick(overlay()->searchEdit(), step.first);
+            QCOMPARE(overlay()->tableView()->currentIndex().row(), step.second);
+        }
     }
 
     void overlayCloses_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("action"); // key name or "press:<target>:<button>"
+        QTest::addColumn<QString>("action"); // a key, or a press on a target with a button
         QTest::addColumn<bool>("closes");
         QTest::newRow("backspace, one letter") << "6" << "backspace" << true;
         QTest::newRow("backspace, two letters") << "60" << "backspace" << false;
         QTest::newRow("escape") << "60" << "escape" << true;
-        QTest::newRow("left press on search line") << "60" << "press:search:left" << true;
-        QTest::newRow("left press on panel") << "60" << "press:panel:left" << true;
-        QTest::newRow("right press on panel") << "60" << "press:panel:right" << false;
+        QTest::newRow("left press on search line") << "60" << "press search left" << true;
+        QTest::newRow("left press on panel") << "60" << "press panel left" << true;
+        QTest::newRow("right press on panel") << "60" << "press panel right" << false;
     }
     void overlayCloses()
     {
@@ -509,20 +376,15 @@ private slots:
         scene.panel.setFocusPolicy(Qt::StrongFocus);
         QVERIFY(QTest::qWaitForWindowActive(&scene.panel));
         QTest::keyClick(&scene.panel, Qt::Key_6);
-        QVERIFY(overlay()->isVisible());
-        overlay()->searchEdit()->setText(text);
         QLineEdit* search = overlay()->searchEdit();
-        if (action.startsWith("press")) {
-            QWidget* target = action.contains("search") ? static_cast<QWidget*>(search) : &scene.panel;
+        search->setText(text);
+        QWidget* target = action.contains("search") ? static_cast<QWidget*>(search) : &scene.panel;
+        if (action.startsWith("press"))
             QTest::mousePress(target, action.endsWith("left") ? Qt::LeftButton : Qt::RightButton, {}, QPoint(2, 2));
-            QCOMPARE(overlay()->isVisible(), !closes);
-            if (closes)
-                QTRY_VERIFY(target->hasFocus() || target == search);
-            return;
-        }
-        QTest::keyClick(search, action == "escape" ? Qt::Key_Escape : Qt::Key_Backspace);
+        else
+            QTest::keyClick(search, action == "escape" ? Qt::Key_Escape : Qt::Key_Backspace);
         QCOMPARE(overlay()->isVisible(), !closes);
-        if (closes)
+        if (closes && target != search)
             QTRY_VERIFY(scene.panel.hasFocus());
     }
 
@@ -530,26 +392,20 @@ private slots:
     {
         OverlayScene scene(QSize(500, 600), QRect(300, 8, 180, 24));
         QWidget chart(&scene.panel);
-        chart.setGeometry(0, 40, 500, 560);
         chart.installEventFilter(overlay());
         chart.show();
         QTest::keyClick(&chart, Qt::Key_6);
-        QCOMPARE(scene.edit->text(), QString("6"));
-        QVERIFY(overlay()->isVisible());
-        QVERIFY(!overlay()->searchEdit()->isVisible());
-        QCOMPARE(overlay()->geometry(), QRect(0, 0, 500, 600));
         // At least 300 wide, pushed left to end at the panel's right edge, just under the line edit.
-        QCOMPARE(container()->geometry(), QRect(200, 32, 300, 362));
+        QCOMPARE(QVariantList({scene.edit->text(), overlay()->isVisible(), overlay()->searchEdit()->isVisible(), overlay()->geometry(), container()->geometry()}),
+                 QVariantList({"6", true, false, QRect(0, 0, 500, 600), QRect(200, 32, 300, 362)}));
         scene.panel.resize(250, 600); // narrower than the list: it starts left of the panel
         scene.edit->setText("60");
         QCOMPARE(container()->geometry(), QRect(-50, 32, 300, 362));
-
         QSignalSpy chosen(overlay(), &QuickMacroSearchWidget::stockSelected);
         QVERIFY(overlay()->enterIsEnabled());
         QCOMPARE(chosen, QList<QVariantList>({{"url:600000", 0}}));
         scene.edit->setText("60x"); // no hits and no extend groups
-        QVERIFY(!overlay()->isVisible());
-        QVERIFY(!overlay()->enterIsEnabled());
+        QVERIFY(!overlay()->isVisible() && !overlay()->enterIsEnabled());
         QStringList names{"功能"};
         QList<QList<QStringList>> groups{{{"F10", "资料"}}};
         overlay()->setExtendItems(names, groups);
@@ -570,16 +426,14 @@ private slots:
         overlay()->searchTextChanged("600000");
         QAbstractItemModel* model = overlay()->tableView()->model();
         QCOMPARE(model->rowCount(), 1 + 5);
-        QVERIFY(!overlay()->tableView()->isColumnHidden(0));
         QSignalSpy stock(overlay(), &QuickMacroSearchWidget::stockSelected);
         QSignalSpy extend(overlay(), &QuickMacroSearchWidget::extendSelected);
         for (int row : {0, 4, 6, -1})
             QMetaObject::invokeMethod(overlay(), "dbClicked", Q_ARG(QModelIndex, model->index(row, 1)));
-        QCOMPARE(stock, QList<QVariantList>({{"url:600000", 3}}));
-        QCOMPARE(extend, QList<QVariantList>({{"页面", 1, 3}}));
         overlay()->tableView()->setCurrentIndex(model->index(2, 0));
         QTest::keyClick(overlay()->searchEdit(), Qt::Key_Return);
-        QCOMPARE(extend.last(), QVariantList({"功能", 1, 3}));
+        QCOMPARE(stock, QList<QVariantList>({{"url:600000", 3}}));
+        QCOMPARE(extend, QList<QVariantList>({{"页面", 1, 3}, {"功能", 1, 3}}));
         overlay()->setType(0);
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression("eventFilter.* object  QLineEdit\\(0x[0-9a-f]+, name = \"searchEdit\"\\)$"));
         sendFocus(overlay()->searchEdit(), QEvent::FocusIn);
@@ -592,103 +446,41 @@ private slots:
         edit.show();
         QVERIFY(QTest::qWaitForWindowExposed(&edit));
         auto* popup = edit.findChild<QTreeWidget*>();
-        auto* timer = edit.findChild<QTimer*>();
         QTest::keyClicks(&edit, "N"); // keys jtny and ndsd, any case
-        QVERIFY(timer->isActive());
-        QVERIFY(!popup->isVisible());
+        QVERIFY(edit.findChild<QTimer*>()->isActive() && !popup->isVisible());
         QTRY_VERIFY_WITH_TIMEOUT(popup->isVisible(), 1000);
-        QCOMPARE(popup->topLevelItemCount(), 2);
-        QCOMPARE(QStringList({popup->topLevelItem(0)->text(0), popup->topLevelItem(0)->text(1), popup->topLevelItem(1)->text(0)}),
-                 QStringList({"000600", "建投能源", "300750"}));
-        QCOMPARE(popup->width(), edit.width());
+        QCOMPARE(QVariantList({popup->topLevelItem(0)->text(0), popup->topLevelItem(0)->text(1), popup->topLevelItem(1)->text(0), popup->width()}),
+                 QVariantList({"000600", "建投能源", "300750", edit.width()}));
         QVERIFY((popup->pos() - edit.mapToGlobal(QPoint(0, edit.height()))).manhattanLength() <= 4);
-        popup->hide();
-        edit.setText(" "); // a blank text trims to nothing, which every record holds
+        edit.setText(" "); // trims to nothing, which every record holds
         edit.findChild<UxCompleter*>()->slotRspCodeSearchs();
         QCOMPARE(popup->topLevelItemCount(), 4);
+        UxCompleter orphan(nullptr); // without a line edit nothing shows and nothing crashes
+        orphan.showSuggestions({"600000"}, {"浦发银行"});
+        orphan.doneCompletion();
     }
 
-    void completerVisibleRows_data()
-    {
-        QTest::addColumn<int>("suggestions");
-        QTest::addColumn<int>("rows");
-        QTest::newRow("twelve") << 12 << 7;
-        QTest::newRow("seven") << 7 << 7;
-        QTest::newRow("three") << 3 << 3;
-    }
-    void completerVisibleRows()
-    {
-        QFETCH(int, suggestions);
-        QFETCH(int, rows);
-        Dict dict;
-        for (int i = 0; i < suggestions; ++i)
-            dict.add(QStringLiteral("6%1").arg(i, 5, 10, QChar('0')), "n");
-        dict.add("000001", "n");
-        UxNewSearchLineEdit edit;
-        edit.setDictData(dict.ptrs);
-        edit.setText("6");
-        edit.findChild<UxCompleter*>()->autoSuggest();
-        auto* popup = edit.findChild<QTreeWidget*>();
-        QCOMPARE(popup->topLevelItemCount(), suggestions);
-        QCOMPARE(popup->height(), popup->sizeHintForRow(0) * rows + 3);
-    }
-
-    void completerKeys_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<bool>("consumed");
-        QTest::newRow("escape") << int(Qt::Key_Escape) << "600" << true;
-        QTest::newRow("return") << int(Qt::Key_Return) << "000600" << true;
-        QTest::newRow("enter") << int(Qt::Key_Enter) << "000600" << true;
-        QTest::newRow("letter goes on") << int(Qt::Key_0) << "6000" << false;
-    }
     void completerKeys()
     {
-        QFETCH(int, key);
-        QFETCH(QString, text);
-        QFETCH(bool, consumed);
         UxNewSearchLineEdit edit;
         edit.setDictData(m_dict.ptrs);
         auto* completer = edit.findChild<UxCompleter*>();
         auto* popup = edit.findChild<QTreeWidget*>();
-        edit.setText("600");
-        completer->autoSuggest();
-        QVERIFY(popup->isVisible());
-        popup->setCurrentItem(popup->topLevelItem(1));
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, key == Qt::Key_0 ? "0" : "");
-        QCOMPARE(completer->eventFilter(popup, &press), consumed);
-        QVERIFY(!popup->isVisible());
-        QCOMPARE(edit.text(), text);
-        QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
-        QVERIFY(!completer->eventFilter(popup, &down));
-        QVERIFY(!completer->eventFilter(&edit, &press));
-    }
-
-    void completerWithoutLineEdit()
-    {
-        UxCompleter completer(nullptr);
-        completer.showSuggestions({"600000"}, {"浦发银行"});
-        completer.autoSuggest();
-        completer.doneCompletion();
-        QVERIFY(!completer.findChild<QTimer*>()->isActive());
-    }
-
-    void keyboardLineEditStartsEmpty()
-    {
-        UxKeyBoradLineEdit edit;
-        edit.setDictData(m_dict.ptrs);
-        auto* popup = qobject_cast<QuickMacroView*>(edit.completer()->popup());
-        QVERIFY(popup);
-        QCOMPARE(popup->model()->rowCount(), 0);
-        QCOMPARE(edit.completer()->filterMode(), Qt::MatchContains);
-        QCOMPARE(edit.completer()->maxVisibleItems(), 100);
-        edit.loadSkin(QString("QLineEdit { color: red; }"));
-        QCOMPARE(popup->styleSheet(), QString()); // the skin reaches the line edit only
-        edit.setText("600");
+        const QList<std::tuple<int, QString, bool>> cases{{Qt::Key_Escape, "600", true}, {Qt::Key_Return, "000600", true}, {Qt::Key_Enter, "000600", true}, {Qt::Key_0, "6000", false}};
+        for (const auto& [key, text, consumed] : cases) { // key, text after, consumed
+            edit.setText("600");
+            completer->autoSuggest();
+            popup->setCurrentItem(popup->topLevelItem(1));
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, key == Qt::Key_0 ? "0" : "");
+            QCOMPARE(completer->eventFilter(popup, &press), consumed);
+            QVERIFY(!popup->isVisible() && edit.text() == text);
+            QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+            QVERIFY(!completer->eventFilter(popup, &down) && !completer->eventFilter(&edit, &press));
+        }
         QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        QVERIFY(edit.eventFilter(&edit, &enter));
-        QCOMPARE(edit.text(), QString());
+        UxKeyBoradLineEdit lineEdit; // its list starts empty: Enter writes the empty choice back
+        lineEdit.setText("600");
+        QVERIFY(lineEdit.eventFilter(&lineEdit, &enter) && lineEdit.text().isEmpty());
     }
 };
 
