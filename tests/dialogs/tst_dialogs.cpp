@@ -73,9 +73,9 @@ private Q_SLOTS:
     {
         QTest::addColumn<QVariant>("actual");
         QTest::addColumn<QVariant>("expected");
-        static QWidget owner;
-        static UxMessageBox box(&owner);
-        static UxFileDialog dlg(&owner);
+        QWidget owner;
+        UxMessageBox box(&owner);
+        UxFileDialog dlg(&owner);
         auto names = [](QWidget* w, const QStringList& list) {
             QStringList found;
             for (const QString& n : list)
