@@ -3,7 +3,6 @@
 
 #include "uxcore.h"
 
-#include <QDebug>
 #include <QDialogButtonBox>
 #include <QPainter>
 #include <QPixmap>
@@ -26,12 +25,6 @@ int runBox(const QString& title, const QString& text, QFlags<QMessageBox::Standa
 {
     UxMessageBox box(title, text, buttons, nullptr);
     return box.exec();
-}
-
-bool isStandardButton(int value)
-{
-    // One bit between Ok and RestoreDefaults.
-    return value >= QMessageBox::FirstButton && value <= QMessageBox::LastButton && (value & (value - 1)) == 0;
 }
 } // namespace
 
@@ -100,7 +93,6 @@ int UxMessageBox::question(const QString& title, const QString& text, QFlags<QMe
 
 int UxMessageBox::exec()
 {
-    m_clickedButton = nullptr;
     return mapResult(QDialog::exec());
 }
 
@@ -113,10 +105,6 @@ int UxMessageBox::mapResult(int result)
 
 QPushButton* UxMessageBox::addButton(QMessageBox::StandardButton button)
 {
-    if (!isStandardButton(int(button))) {
-        qDebug() << Q_FUNC_INFO << "unknown standard button!" << int(button);
-        return nullptr;
-    }
     QPushButton* added = m_buttonBox->addButton(QDialogButtonBox::StandardButton(int(button)));
     setButtonText(added);
     return added;
@@ -150,9 +138,6 @@ void UxMessageBox::setText(const QString& text)
 void UxMessageBox::setTextStytle(const QString& name)
 {
     ui->contentsLabel->setObjectName(name);
-    // A new name only takes effect in the sheet once the label is re-polished.
-    ui->contentsLabel->style()->unpolish(ui->contentsLabel);
-    ui->contentsLabel->style()->polish(ui->contentsLabel);
 }
 
 void UxMessageBox::setHLineVisible(bool visible)

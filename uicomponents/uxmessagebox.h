@@ -33,10 +33,6 @@ class UxMessageBox;
 // Choices of our own:
 // - Defaults: buttons QMessageBox::Ok and no parent, for the constructor and
 //   the helpers alike.
-// - Each exec() forgets the button of a previous run, so a box shown again
-//   and then closed by Escape reports NoButton, not the old button.
-// - addButton() with a value that is not a single standard button adds
-//   nothing, logs it and returns nullptr.
 // - The remembered clicked button is deleted first on destruction, as the
 //   client relies on; it is tracked weakly, so a button the caller deleted
 //   in the meantime is not deleted twice.

@@ -19,17 +19,6 @@
 #include <QUrl>
 
 namespace {
-// The action buttons keep the client's own colours in every skin.
-const char kAcceptSheet[] =
-    "#%1{border:none;background-color: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0,stop: 0 #00BAFF, stop: 1 #00A1FF);"
-    "font-size: 12px;color: #FFFFFF;border-radius:2px;}"
-    "#%1:hover{background: #00C1FF;font-size: 12px;color: #FFFFFF;border-radius:2px;}"
-    "#%1:disabled{background: #F0F0F0;border: 1px solid #DDDDDD;font-size: 12px;color: #BBBBBB;border-radius:2px;}";
-const char kCancelSheet[] =
-    "#cancelButton{border: 1px solid #DDDDDD;font-size: 12px;color: #666666;border-radius:2px;}"
-    "#cancelButton:hover{font-size: 12px;color: #00A1FF;border: 1px solid #00A1FF;border-radius:2px;}"
-    "#cancelButton:disabled{background: #F0F0F0;border: 1px solid #DDDDDD;font-size: 12px;color: #BBBBBB;"
-    "border-radius:2px;}";
 const QSize kActionButtonSize(68, 24);
 const int kInputHeight = 24;
 
@@ -49,9 +38,7 @@ UxFileDialog::UxFileDialog(QWidget* parent)
 {
     ui->setupUi(this);
     setAttribute(Qt::WA_TranslucentBackground);
-    // Without a parent the frameless flag alone makes a window; with one the
-    // dialog type is needed, or the box would be drawn inside the parent.
-    setWindowFlags(parent ? Qt::Dialog | Qt::FramelessWindowHint : Qt::FramelessWindowHint);
+    setWindowFlags(Qt::FramelessWindowHint);
     auto* helper = new UxFramelessHelper(this);
     helper->activateOn(this);
     initFileDlg();
@@ -67,7 +54,8 @@ UxFileDialog::~UxFileDialog()
 QString UxFileDialog::getSaveFileName(QWidget* parent, const QString& caption, const QString& dir,
                                       const QString& filter, QString* selectedFilter)
 {
-    Q_UNUSED(parent) // always a top-level window of its own
+    // The parent is accepted and not used: the dialog is a window of its own.
+    Q_UNUSED(parent)
     UxFileDialog dlg;
     dlg.prepare(QFileDialog::AcceptSave, QFileDialog::AnyFile, caption);
     QFileDialog* fileDlg = dlg.getFileDlg();
@@ -89,11 +77,12 @@ QString UxFileDialog::getSaveFileName(QWidget* parent, const QString& caption, c
 QString UxFileDialog::getOpenFileName(QWidget* parent, const QString& caption, const QString& dir,
                                       const QString& filter, QString* selectedFilter, QFileDialog::Options options)
 {
+    // As for saving, the parent is not used.
     Q_UNUSED(parent)
     UxFileDialog dlg;
     dlg.prepare(QFileDialog::AcceptOpen, QFileDialog::ExistingFile, caption);
     QFileDialog* fileDlg = dlg.getFileDlg();
-    fileDlg->setOptions(options | QFileDialog::DontUseNativeDialog);
+    fileDlg->setOptions(options);
     fileDlg->setDirectory(dir);
     fileDlg->setNameFilter(filter);
     if (selectedFilter && !selectedFilter->isEmpty())
@@ -110,23 +99,16 @@ QString UxFileDialog::getExistingDirectory(QWidget* parent, const QString& capti
 {
     Q_UNUSED(parent)
     UxFileDialog dlg;
+    // Directory with ShowDirsOnly is the one spelling of "folders only" that
+    // Qt 5 and Qt 6 share; the caller's options then replace the flag.
     dlg.prepare(QFileDialog::AcceptOpen, QFileDialog::Directory, caption);
     QFileDialog* fileDlg = dlg.getFileDlg();
-    // Folders only, whatever the caller passes.
-    fileDlg->setOptions(options | QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog);
+    fileDlg->setOption(QFileDialog::ShowDirsOnly, true);
+    fileDlg->setOptions(options);
     fileDlg->setDirectory(dir);
     if (dlg.exec() != QDialog::Accepted)
         return QString();
     return dlg.firstSelectedPath();
-}
-
-void UxFileDialog::prepare(QFileDialog::AcceptMode acceptMode, QFileDialog::FileMode fileMode,
-                           const QString& caption)
-{
-    setAcceptMode(acceptMode);
-    setFileMode(fileMode);
-    // The caption replaces the mode's own title, even when empty.
-    setTitleName(caption);
 }
 
 void UxFileDialog::setAcceptMode(QFileDialog::AcceptMode mode)
@@ -135,11 +117,10 @@ void UxFileDialog::setAcceptMode(QFileDialog::AcceptMode mode)
     if (m_fileDlg->acceptMode() != QFileDialog::AcceptSave) {
         setTitleName(m_modeTitle = tr("文件选择框"));
     } else {
+        // Saving always takes any file name.
         m_fileDlg->setFileMode(QFileDialog::AnyFile);
         setTitleName(m_modeTitle = tr("文件保存框"));
     }
-    // The chooser rebuilds its buttons for the new mode.
-    updateButtons();
 }
 
 void UxFileDialog::setFileMode(QFileDialog::FileMode mode)
@@ -164,15 +145,7 @@ void UxFileDialog::setFileMode(QFileDialog::FileMode mode)
             disconnect(buttonBox, nullptr, nullptr, nullptr);
             connect(buttonBox, &QDialogButtonBox::accepted, this, &UxFileDialog::onAccepted);
             connect(buttonBox, &QDialogButtonBox::rejected, this, &UxFileDialog::onRejected);
-            m_buttonsDirect = true;
         }
-    } else if (buttonBox && m_buttonsDirect) {
-        // Leaving multi-selection: the chooser checks its answer again.
-        disconnect(buttonBox, nullptr, nullptr, nullptr);
-        // The chooser's own slots are protected: reach them by name, as it does.
-        connect(buttonBox, SIGNAL(accepted()), m_fileDlg, SLOT(accept()));
-        connect(buttonBox, SIGNAL(rejected()), m_fileDlg, SLOT(reject()));
-        m_buttonsDirect = false;
     }
     updateButtons();
 }
@@ -188,24 +161,13 @@ QStringList UxFileDialog::selectedFiles() const
     return QStringList() << path;
 }
 
-QString UxFileDialog::firstSelectedPath() const
-{
-    const QList<QUrl> urls = m_fileDlg->selectedUrls();
-    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
-}
-
-QFileDialog* UxFileDialog::getFileDlg() const
-{
-    return m_fileDlg;
-}
-
 void UxFileDialog::initFileDlg()
 {
+    // Embedded in the body rather than a window of its own, and non-native so
+    // that its children can be found and restyled.
     m_fileDlg = new QFileDialog(this, Qt::SubWindow | Qt::FramelessWindowHint);
     m_fileDlg->setAttribute(Qt::WA_TranslucentBackground);
     m_fileDlg->setOption(QFileDialog::DontUseNativeDialog);
-    // The window is not resizable: a grip in the corner would only mislead.
-    m_fileDlg->setSizeGripEnabled(false);
     ui->bodylayout->addWidget(m_fileDlg);
     qDebug() << Q_FUNC_INFO << m_fileDlg;
 
@@ -223,6 +185,40 @@ void UxFileDialog::initFileDlg()
         connect(m_fileDlg, &QDialog::finished, this, &UxFileDialog::onFileDialogFinished);
     connect(ui->sysMin, &QPushButton::clicked, this, &UxFileDialog::onShowMin);
     connect(ui->sysClose, &QPushButton::clicked, this, &UxFileDialog::onShowClose);
+}
+
+void UxFileDialog::prepare(QFileDialog::AcceptMode acceptMode, QFileDialog::FileMode fileMode,
+                           const QString& caption)
+{
+    setAcceptMode(acceptMode);
+    setFileMode(fileMode);
+    // The caption replaces the mode's own title, even when empty.
+    setTitleName(caption);
+}
+
+namespace {
+// The action buttons keep the client's own colours in every skin.
+const char kAcceptSheet[] =
+    "#%1{border:none;background-color: qlineargradient(x1: 0, y1: 0, x2: 1, y2: 0,stop: 0 #00BAFF, stop: 1 #00A1FF);"
+    "font-size: 12px;color: #FFFFFF;border-radius:2px;}"
+    "#%1:hover{background: #00C1FF;font-size: 12px;color: #FFFFFF;border-radius:2px;}"
+    "#%1:disabled{background: #F0F0F0;border: 1px solid #DDDDDD;font-size: 12px;color: #BBBBBB;border-radius:2px;}";
+const char kCancelSheet[] =
+    "#cancelButton{border: 1px solid #DDDDDD;font-size: 12px;color: #666666;border-radius:2px;}"
+    "#cancelButton:hover{font-size: 12px;color: #00A1FF;border: 1px solid #00A1FF;border-radius:2px;}"
+    "#cancelButton:disabled{background: #F0F0F0;border: 1px solid #DDDDDD;font-size: 12px;color: #BBBBBB;"
+    "border-radius:2px;}";
+} // namespace
+
+QString UxFileDialog::firstSelectedPath() const
+{
+    const QList<QUrl> urls = m_fileDlg->selectedUrls();
+    return urls.isEmpty() ? QString() : urls.first().toLocalFile();
+}
+
+QFileDialog* UxFileDialog::getFileDlg() const
+{
+    return m_fileDlg;
 }
 
 void UxFileDialog::updateButtons()
@@ -270,14 +266,6 @@ void UxFileDialog::paintEvent(QPaintEvent* event)
 void UxFileDialog::mousePressEvent(QMouseEvent* event)
 {
     QWidget::mousePressEvent(event);
-}
-
-void UxFileDialog::showEvent(QShowEvent* event)
-{
-    // The chooser hides itself when it finishes; a dialog shown again needs it back.
-    if (m_fileDlg->isHidden())
-        m_fileDlg->show();
-    QDialog::showEvent(event);
 }
 
 void UxFileDialog::onFileDialogFinished(int result)

@@ -11,7 +11,6 @@
 
 class QMouseEvent;
 class QPaintEvent;
-class QShowEvent;
 
 namespace Ui {
 class UxFileDialog;
@@ -27,20 +26,15 @@ class UxFileDialog;
 // The static helpers return an empty string for anything but acceptance; their
 // parent argument is accepted and not used (the dialog is always top-level).
 //
-// Choices of our own:
-// - A dialog given a parent is still its own frameless window (a dialog
-//   without one is frameless alone), so it never ends up embedded in the parent.
-// - The chooser always stays non-native: options passed to the helpers are
-//   applied with DontUseNativeDialog added.
-// - getExistingDirectory() shows folders only (ShowDirsOnly is added).
-// - The chooser's size grip is turned off: the window is not resizable.
-// - setAcceptMode() restyles the buttons too, since the chooser rebuilds them.
-// - In save mode selectedFiles() holds one entry, empty while no file name is
-//   chosen (the chooser itself would report the folder on show).
-// - The chooser is shown again each time the dialog is shown, so an object
-//   can be exec()'d more than once.
-// - Our texts follow the installed translation, live; a caption the client
-//   gave stays as given.
+// In save mode selectedFiles() holds one entry, and it is empty while no
+// file name is chosen: the chooser itself reports the folder it shows in
+// that case, which is not a file to save to.
+//
+// The Chinese texts are stored as UTF-8 and translated through tr(), so they
+// show whatever the local 8-bit codec is.
+//
+// Our texts follow the installed translation, live; a caption the client
+// gave stays as given.
 class UICOMPONENTS_EXPORT UxFileDialog : public QDialog, public IUxSkin
 {
     Q_OBJECT
@@ -72,7 +66,6 @@ protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
-    void showEvent(QShowEvent* event) override;
 
 private Q_SLOTS:
     void onFileDialogFinished(int result);
@@ -93,8 +86,6 @@ private:
 
     Ui::UxFileDialog* ui;
     QFileDialog* m_fileDlg = nullptr;
-    // True while the chooser's button box ends this dialog directly.
-    bool m_buttonsDirect = false;
     QString m_modeTitle; // the mode's own title, as last translated
 };
 

@@ -13,11 +13,12 @@
 // entries of the named groups, group after group. Three columns: the tag
 // (painted by DataDelegate from Qt::UserRole), the code and the name.
 //
-// Choices of our own:
-// - A valid parent has no rows, as for any flat table, so proxies that walk
-//   the tree (recursive filtering) stop at the top level.
-// - A null or short hit record shows as an empty row instead of crashing;
-//   a group row whose name is missing shows an empty tag.
+// Choices of our own, each against a crash:
+// - A valid parent has no rows, as for any flat table. Counting the rows
+//   under every index would make a proxy with recursive filtering (the
+//   keyboard line edit's) descend without end.
+// - A null or short hit record shows as an empty row instead of reading past
+//   its texts; a group row whose name is missing shows an empty tag.
 class UICOMPONENTS_EXPORT DataModel : public QAbstractTableModel
 {
     Q_OBJECT

@@ -81,8 +81,6 @@ void UxCompleter::slotRspCodeSearchs()
     if (dict.isEmpty())
         return;
     const QString text = editor->text().trimmed();
-    if (text.isEmpty())
-        return;
 
     QStringList codes;
     QStringList names;

@@ -17,9 +17,9 @@ class QTreeWidget;
 // chosen code into the line edit; Escape or a click elsewhere closes the list;
 // typing goes on in the line edit.
 //
-// Choices of our own: records with fewer than four texts are skipped, a
-// text that trims to nothing suggests nothing, and a completer made without
-// a line edit never shows its list.
+// Choices of our own, against reading past a record or through a null
+// editor: records with fewer than four texts are skipped, and a completer
+// made without a line edit never shows its list.
 class UICOMPONENTS_EXPORT UxCompleter : public QObject
 {
     Q_OBJECT

@@ -56,13 +56,6 @@ void UxKeyBoradLineEdit::initUi()
     setCompleter(m_completer);
 }
 
-void UxKeyBoradLineEdit::loadSkin(const QVariant& style)
-{
-    IUxSkin::loadSkin(style);
-    if (style.isValid() && m_view && m_view->isWindow())
-        m_view->setStyleSheet(style.toString());
-}
-
 void UxKeyBoradLineEdit::setDictData(const QVector<quickMacroItem*>& items)
 {
     m_dict = items;

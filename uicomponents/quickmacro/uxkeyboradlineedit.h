@@ -24,10 +24,7 @@ class QuickMacroView;
 // the current row's code into the line edit (never asking to open a page).
 // The line edit does not install it anywhere by itself: install the line
 // edit as event filter on whichever widget should drive the list this way.
-//
-// Choice of our own: the completer's popup is a separate window, so the
-// style sheet this line edit receives from the skin is given to the popup
-// as well.
+// Null or short records in the list choose nothing.
 class UICOMPONENTS_EXPORT UxKeyBoradLineEdit : public QLineEdit, public IUxSkin
 {
     Q_OBJECT
@@ -42,7 +39,6 @@ public:
     void focusRowChanged(int nDirection);
     bool eventFilter(QObject* obj, QEvent* ev) override;
 
-    void loadSkin(const QVariant& style) override;
 
 Q_SIGNALS:
     void signalStockSelected(QString strUrl, int nType);

@@ -43,7 +43,6 @@ void UxKeyBoradSprit::initUi()
 
     m_view = new QuickMacroView(this);
     m_view->setFixedHeight(362);
-    m_view->setFocusPolicy(Qt::NoFocus);
 
     auto* layout = new QVBoxLayout(this);
     layout->setObjectName(QStringLiteral("keyboardLayout"));
@@ -187,15 +186,16 @@ void UxKeyBoradSprit::showWithParent(QWidget* lineEdit)
 {
     if (!lineEdit || isVisible())
         return;
-    if (lineEdit->isWindow()) {
-        qDebug() << Q_FUNC_INFO << "line edit has no window to open in" << lineEdit;
-        return;
-    }
 
     m_root = lineEdit;
     setProperty("root", QVariant::fromValue(qobject_cast<QLineEdit*>(lineEdit)));
     QWidget* window = lineEdit->window();
-    setParent(window);
+    if (parentWidget() != window) {
+        disconnect(m_hostWatch);
+        setParent(window);
+        // A widget announces its destruction before it deletes its children.
+        m_hostWatch = connect(window, &QObject::destroyed, this, [this]() { setParent(nullptr); });
+    }
 
     QPoint position;
     QSize size;

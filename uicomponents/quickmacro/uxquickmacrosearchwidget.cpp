@@ -174,7 +174,7 @@ void QuickMacroSearchWidget::placeUnder(QWidget* lineEdit)
     const QPoint origin = panel->mapFromGlobal(lineEdit->mapToGlobal(QPoint(0, 0)));
     int x = origin.x();
     if (x + m_container->width() > width())
-        x = qMax(0, width() - m_container->width());
+        x = width() - m_container->width();
     m_container->move(x, origin.y() + lineEdit->height());
 }
 
@@ -212,6 +212,15 @@ bool QuickMacroSearchWidget::eventFilter(QObject* watched, QEvent* event)
         return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::FocusIn && qobject_cast<QLineEdit*>(watched))
         qDebug() << Q_FUNC_INFO << " object " << watched;
+
+    if (event->type() == QEvent::MouseButtonPress) {
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && isVisible()) {
+            hide();
+            if (auto* w = qobject_cast<QWidget*>(watched))
+                w->setFocus(Qt::OtherFocusReason);
+        }
+        return QWidget::eventFilter(watched, event);
+    }
 
     if (watched == m_searchEdit) {
         if (event->type() != QEvent::KeyPress)
@@ -265,30 +274,11 @@ bool QuickMacroSearchWidget::eventFilter(QObject* watched, QEvent* event)
             setGeometry(0, 0, w->width(), w->height());
             m_container->move(w->width() - m_container->width(), w->height() - m_container->height());
             show();
-            raise();
-            m_searchEdit->setFocus(Qt::OtherFocusReason);
         }
         break;
     }
-    case QEvent::MouseButtonPress:
-        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && isVisible()) {
-            hide();
-            if (auto* w = qobject_cast<QWidget*>(watched))
-                w->setFocus(Qt::OtherFocusReason);
-        }
-        break;
     default:
         break;
     }
     return QWidget::eventFilter(watched, event);
-}
-
-void QuickMacroSearchWidget::mousePressEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton && !m_container->geometry().contains(event->pos())) {
-        closeToParent();
-        event->accept();
-        return;
-    }
-    QWidget::mousePressEvent(event);
 }

@@ -33,13 +33,15 @@ class UxWidgetSingleton;
 // enterIsEnabled() when it gets Enter; the own search line is then hidden and
 // the list opens under that line edit.
 //
-// Choices of our own:
-// - Clicking the overlay outside its list closes it, as a click on a watched
-//   widget does; clicks on the own search line never do.
-// - The search line takes focus again once the overlay is shown, so typing
-//   goes on there even when the panel was hidden a moment before.
-// - A list wider than the panel starts at the panel's left edge.
+// A left press on any watched object while the overlay is shown hides it
+// and gives that object focus; the own search line is watched too, so a
+// press there closes the overlay as well.
+//
+// Choices of our own, each where the plain rule would read past a list or
+// use a deleted object:
 // - Extend names without a group (or groups without a name) are dropped.
+// - The replace line edit is held weakly: the client may delete it first.
+// - Null hit records choose nothing.
 class UICOMPONENTS_EXPORT QuickMacroSearchWidget : public QWidget, public IUxSkin
 {
     Q_OBJECT
@@ -72,7 +74,6 @@ protected Q_SLOTS:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     explicit QuickMacroSearchWidget(QWidget* parent = nullptr);
