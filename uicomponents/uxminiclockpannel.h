@@ -27,8 +27,8 @@ class UxMiniClockPannel;
 //
 // With a parent the panel is a draggable, closeless tile; without one it is a
 // frameless window with a close button.
-//
-// Our choice: the time is shown at once, not only after the first tick.
+// The form's placeholder time shows until the first tick, 900 ms after
+// construction.
 class UICOMPONENTS_EXPORT UxMiniClockPannel : public QFrame, public IUxSkin, public IUxMemory
 {
     Q_OBJECT
