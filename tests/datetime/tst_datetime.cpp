@@ -1,5 +1,5 @@
 // Date and time widgets seen from outside: time pop-ups, the calendar, the two
-// edits and the mini clock. "Today" is read from the same clock the widgets read.
+// edits and the mini clock. "Today" is read from the clock the widgets read.
 
 #include "uxtestenv.h"
 
@@ -11,10 +11,12 @@
 #include "uxtimepopwidget.h"
 
 #include <QAction>
+#include <QComboBox>
+#include <QGuiApplication>
 #include <QDateTimeEdit>
 #include <QHeaderView>
-#include <QLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QMenu>
 #include <QPainter>
 #include <QPushButton>
@@ -26,7 +28,19 @@ namespace {
 
 const QString kDay = QStringLiteral("yyyy-MM-dd");
 
+// The current row's value of column NAME, like QFETCH but inside an expression.
+template <typename T> T cell(const char* name) { return *static_cast<T*>(QTest::qData(name, qMetaTypeId<T>())); }
+
 QString nameOf(QObject* o) { return o->objectName().isEmpty() ? QString(o->metaObject()->className()) : o->objectName(); }
+
+// name[text] WxH, with the text if any and only the fixed dimensions.
+QString annotated(QWidget* w)
+{
+    const QString text = w->property("text").toString();
+    const QString size = (w->minimumWidth() == w->maximumWidth() ? QString::number(w->minimumWidth()) : QString()) + "x"
+        + (w->minimumHeight() == w->maximumHeight() ? QString::number(w->minimumHeight()) : QString());
+    return nameOf(w) + (text.isEmpty() ? QString() : "[" + text + "]") + (size == "x" ? QString() : " " + size);
+}
 
 // "" is ROOT itself, "=Class" the first descendant of that class, "name#n" the n-th of that name.
 QObject* part(QObject* root, const QString& path)
@@ -34,79 +48,60 @@ QObject* part(QObject* root, const QString& path)
     if (path.isEmpty())
         return root;
     for (QObject* o : root->findChildren<QObject*>())
-        if (path.startsWith(QLatin1Char('=')) && o->inherits(qPrintable(path.mid(1))))
+        if (path.startsWith('=') && o->inherits(qPrintable(path.mid(1))))
             return o;
-    const QList<QObject*> named = root->findChildren<QObject*>(path.section(QLatin1Char('#'), 0, 0));
-    return named.value(path.section(QLatin1Char('#'), 1).toInt());
+    return root->findChildren<QObject*>(path.section('#', 0, 0)).value(path.section('#', 1).toInt());
 }
 
-// One fact about O as text; "a|b" gives both, "@skin:a" reads under that skin.
+// One fact about O as text ("a|b" gives both): a layout as margins/spacing/constraint:items, the
+// class's own methods or properties, whether a text-form connection "2sig>1slot" to ROOT exists...
 QString probe(QObject* root, QObject* o, const QString& what)
 {
-    if (what.startsWith(QLatin1Char('@'))) {
-        UxCore::instance()->setCurrentSkin(what.mid(1).section(QLatin1Char(':'), 0, 0));
-        const QString out = probe(root, o, what.section(QLatin1Char(':'), 1));
-        UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
-        return out;
-    }
-    if (what.contains(QLatin1Char('|'))) {
-        QStringList out;
-        for (const QString& w : what.split(QLatin1Char('|')))
-            out << probe(root, o, w);
-        return out.join(QLatin1Char('|'));
+    QStringList list;
+    if (what.contains('|')) {
+        for (const QString& w : what.split('|'))
+            list << probe(root, o, w);
+        return list.join('|');
     }
     auto* w = qobject_cast<QWidget*>(o);
     const QMetaObject* mo = o->metaObject();
-    QStringList list;
-    if (what == QLatin1String("layout")) {
+    if (what == "layout") {
         QLayout* l = w->layout();
         for (int i = 0; i < l->count(); ++i) {
             QLayoutItem* it = l->itemAt(i);
             const QSize hint = it->sizeHint();
-            list << (it->widget() ? nameOf(it->widget()) : it->layout() ? nameOf(it->layout())
+            list << (it->widget() ? annotated(it->widget()) : it->layout() ? nameOf(it->layout())
                      : hint.isEmpty() ? QStringLiteral("~") : QStringLiteral("~%1x%2").arg(hint.width()).arg(hint.height()));
         }
         const QMargins m = l->contentsMargins();
-        return QStringLiteral("%1,%2,%3,%4/%5/%6:").arg(m.left()).arg(m.top()).arg(m.right()).arg(m.bottom()).arg(l->spacing())
-                   .arg(l->sizeConstraint()) + list.join(QLatin1Char(','));
+        return QStringLiteral("%1,%2,%3,%4/%5/%6:").arg(m.left()).arg(m.top()).arg(m.right()).arg(m.bottom()).arg(l->spacing()).arg(l->sizeConstraint())
+            + list.join(',');
     }
-    if (what == QLatin1String("size"))
-        return QStringLiteral("%1x%2-%3x%4").arg(w->minimumWidth()).arg(w->minimumHeight()).arg(w->maximumWidth()).arg(w->maximumHeight());
-    if (what == QLatin1String("policy"))
+    if (what == "size")
+        return annotated(w).section(' ', 1);
+    if (what == "policy")
         return QStringLiteral("%1,%2").arg(w->sizePolicy().horizontalPolicy()).arg(w->sizePolicy().verticalPolicy());
-    if (what == QLatin1String("flags"))
-        return QString::number(int(w->windowFlags()), 16);
-    if (what == QLatin1String("translucent"))
-        return QString::number(w->testAttribute(Qt::WA_TranslucentBackground));
-    if (what == QLatin1String("language"))
-        return QLocale::languageToString(w->locale().language());
-    if (what == QLatin1String("rows")) {
-        QHeaderView* h = static_cast<QTableView*>(o)->verticalHeader();
-        return QStringLiteral("%1/%2").arg(h->defaultSectionSize()).arg(h->sectionResizeMode(0));
-    }
-    if (auto* t = qobject_cast<QTimer*>(o); t && what == QLatin1String("timer"))
-        return QStringLiteral("%1 %2 %3 %4").arg(t->interval()).arg(t->timerType()).arg(t->isSingleShot()).arg(t->isActive());
-    if (what == QLatin1String("actions")) {
-        for (QAction* a : static_cast<QMenu*>(o)->actions())
-            list << a->data().toString() + (a->isChecked() ? QStringLiteral("*") : QString());
-        return list.join(QLatin1Char(','));
-    }
-    if (what == QLatin1String("methods")) {
-        for (int i = mo->methodOffset(); i < mo->methodCount(); ++i)
-            list << QString::fromLatin1(mo->method(i).methodSignature());
-        return list.join(QLatin1Char(','));
-    }
-    if (what == QLatin1String("properties")) {
-        for (int i = mo->propertyOffset(); i < mo->propertyCount(); ++i)
-            list << QString::fromLatin1(mo->property(i).name());
-        return list.join(QLatin1Char(','));
-    }
-    if (what.contains(QLatin1Char('>'))) { // a text-form connection from O to ROOT
-        const QByteArray sig = what.section(QLatin1Char('>'), 0, 0).toLatin1(), slot = what.section(QLatin1Char('>'), 1).toLatin1();
+    if (what == "flags")
+        return QString::number(int(w->windowFlags()), 16) + (w->testAttribute(Qt::WA_TranslucentBackground) ? " translucent" : "");
+    if (what == "rows")
+        return QString::number(static_cast<QTableView*>(o)->verticalHeader()->defaultSectionSize())
+            + (static_cast<QTableView*>(o)->verticalHeader()->sectionResizeMode(0) == QHeaderView::Fixed ? " fixed" : "");
+    for (int i = mo->methodOffset(); what == "methods" && i < mo->methodCount(); ++i)
+        list << QString::fromLatin1(mo->method(i).methodSignature());
+    for (int i = mo->propertyOffset(); what == "properties" && i < mo->propertyCount(); ++i)
+        list << QString::fromLatin1(mo->property(i).name());
+    if (what == "methods" || what == "properties")
+        return list.join(',');
+    if (what.contains('>')) {
+        const QByteArray sig = what.section('>', 0, 0).toLatin1(), slot = what.section('>', 1).toLatin1();
         const bool found = QObject::disconnect(o, sig.constData(), root, slot.constData());
         QObject::connect(o, sig.constData(), root, slot.constData());
-        return found ? QStringLiteral("yes") : QStringLiteral("no");
+        return found ? "yes" : "no";
     }
+    if (auto* t = qobject_cast<QTimer*>(o))
+        return QStringLiteral("%1 %2 %3 %4").arg(t->interval()).arg(t->timerType()).arg(t->isSingleShot()).arg(t->isActive());
+    if (what == "language")
+        return QLocale::languageToString(w->locale().language());
     const QVariant v = o->property(what.toLatin1().constData());
     return v.userType() >= QMetaType::User || v.userType() == QMetaType::Int ? QString::number(v.toInt()) : v.toString();
 }
@@ -120,21 +115,28 @@ QStringList enabledTexts(QWidget* pop)
     return out;
 }
 
-QPushButton* button(QWidget* parent, const QString& textOrName)
+QPushButton* button(QWidget* parent, const QString& text)
 {
     for (QPushButton* b : parent->findChildren<QPushButton*>())
-        if (b->text() == textOrName || b->objectName() == textOrName)
+        if (b->text() == text || b->objectName() == text)
             return b;
     return nullptr;
 }
 
-// The parentless window of NAME that appeared since BEFORE was taken.
+// The parentless window of NAME that was not there BEFORE.
 QWidget* newTopLevel(const QWidgetList& before, const QString& name)
 {
     for (QWidget* w : QApplication::topLevelWidgets())
         if (w->objectName() == name && !before.contains(w))
             return w;
     return nullptr;
+}
+
+QWidget* openGrid(QWidget* field)
+{
+    const QWidgetList before = QApplication::topLevelWidgets();
+    QTest::mouseClick(field, Qt::LeftButton);
+    return newTopLevel(before, QStringLiteral("TimePopWidget"));
 }
 
 // Seconds between a shown "hh:mm:ss" and the local time shifted by HOURS, folded into a day.
@@ -145,20 +147,11 @@ int clockDrift(const QString& shown, int hours)
     return qMin(d, 86400 - d);
 }
 
-QString labelText(QWidget* w, const char* name) { return w->findChild<QLabel*>(QLatin1String(name))->text(); }
-
 class CellPainter : public UxCalendarTimeWidget
 {
 public:
     CellPainter() : UxCalendarTimeWidget(nullptr, true, false) {}
-    QImage cell(const QDate& date) const
-    {
-        QImage img(40, 30, QImage::Format_ARGB32);
-        img.fill(Qt::magenta);
-        QPainter p(&img);
-        paintCell(&p, img.rect(), date);
-        return img;
-    }
+    using UxCalendarTimeWidget::paintCell;
 };
 
 } // namespace
@@ -179,17 +172,13 @@ private slots:
         const QWidgetList before = QApplication::topLevelWidgets();
         m_roots["cal"] = new UxCalendarTimeWidget(nullptr, false, true);
         m_roots["edit"] = new UxCalendarTimeEdit;
-        m_roots["frame"] = newTopLevel(before, QStringLiteral("calendarFramWidget"));
         m_roots["dt"] = new UxDateTimeEdit;
         m_roots["pop0"] = new UxTimePopWidget(nullptr, 0);
         m_roots["pop1"] = new UxTimePopWidget(nullptr, 1);
         m_roots["clock"] = new UxMiniClockPannel;
+        m_roots["frame"] = newTopLevel(before, QStringLiteral("calendarFramWidget")); // the edit's
     }
-    void cleanupTestCase()
-    {
-        m_roots.remove("frame"); // the edit's
-        qDeleteAll(m_roots);
-    }
+    void cleanupTestCase() { m_roots.remove("frame"), qDeleteAll(m_roots); }
     void cleanup() { UxCore::instance()->setCurrentSkin(QStringLiteral("light")); }
 
     // What clients and skins rely on: names, texts, layouts, signatures, defaults and the clock's tick.
@@ -197,73 +186,435 @@ private slots:
     {
         const QDate today = QDate::currentDate();
         QTest::addColumn<QString>("root");
-        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("paths");
         QTest::addColumn<QString>("what");
         QTest::addColumn<QString>("expected");
-        auto row = [](const char* root, const char* path, const char* what, const QString& expected) {
-            QTest::addRow("%s %s %s", root, path, what) << root << path << what << expected;
+        auto row = [](const char* root, const char* paths, const char* what, const QString& expected) {
+            QTest::addRow("%s %s %s", root, paths, what) << root << paths << what << expected;
         };
         row("cal", "", "methods", "signalSetCalendarTime(QDateTime),signalClearDateTime(),onUpdateHMSmmTime(QDate),onHHTimeSelect(int),onMMTimeSelect(int),onSSTimeSelect(int)");
-        row("cal", "", "properties", "baseColor,lbColor,lineColor,bgColor,selectColor,weekendColor");
+        row("cal", "", "properties|baseColor|lbColor|lineColor|bgColor|selectColor|weekendColor",
+            "baseColor,lbColor,lineColor,bgColor,selectColor,weekendColor|#efefef|#000000|#4cc5ff|#ffffff|#0096ff|#ff4343");
         row("cal", "", "layout|language|navigationBarVisible|verticalHeaderFormat|horizontalHeaderFormat|minimumDate|maximumDate",
-            "2,2,2,2/0/3:CalendarTopWidget,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarTimeEidtWidget,CalendarBottomWidget|Chinese|false|0|1|1900-01-01|"
+            "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarTimeEidtWidget x44,CalendarBottomWidget x36|Chinese|false|0|1|1900-01-01|"
                 + today.addYears(5).toString(kDay));
-        row("cal", "CalendarTopWidget", "layout|size|policy",
-            "5,0,5,0/2/0:CalendarLeftYearBtn,CalendarLeftMonthBtn,~,CalendarCbYear,CalendarDataLabel,CalendarCbMonth,CalendarDataLabel,~,CalendarRightMonthBtn,CalendarRightYearBtn|0x40-16777215x40|5,0");
-        row("cal", "CalendarDataLabel#0", "text", "年");
-        row("cal", "CalendarDataLabel#1", "text", "月");
-        row("cal", "CalendarLeftYearBtn", "text|focusPolicy", "|11");
+        row("cal", "CalendarTopWidget", "layout", "5,0,5,0/2/0:CalendarLeftYearBtn,CalendarLeftMonthBtn,~,CalendarCbYear,CalendarDataLabel[年],CalendarCbMonth,CalendarDataLabel[月],~,CalendarRightMonthBtn,CalendarRightYearBtn");
+        row("cal", "CalendarTimeEidtWidget", "layout", "12,0,12,0/0/0:CalendarTitleLabel[时间  ],hhTimeeditEdit 22x22,CalendarColon1Label[ ：],hhTimeeditEdit 22x22,CalendarColon2Label[ ：],mmTimeeditEdit 22x22,~");
+        row("cal", "CalendarBottomWidget", "layout", "12,0,12,0/3/0:CalendarNowBtn[现在] 40x22,~,CalendarClearBtn[清空] 40x22,CalendarEnsureBtn[确定] 40x22");
+        row("cal", "CalendarTopWidget|CalendarTimeEidtWidget|CalendarBottomWidget", "policy", "5,0|5,0|5,0");
+        row("cal", "CalendarLeftYearBtn|CalendarNowBtn|hhTimeeditEdit", "focusPolicy|contextMenuPolicy", "11|1|11|1|11|0");
+        row("cal", "hhTimeeditEdit#0|hhTimeeditEdit#1|mmTimeeditEdit", "2signalTimeSelect(int)>1onHHTimeSelect(int)|2signalTimeSelect(int)>1onMMTimeSelect(int)|2signalTimeSelect(int)>1onSSTimeSelect(int)",
+            "yes|no|no|no|yes|no|no|no|yes");
         row("cal", "CalendarCbMonth", "count|currentText", "12|" + QString::number(today.month()));
-        row("cal", "CalendarTimeEidtWidget", "layout|size|policy",
-            "12,0,12,0/0/0:CalendarTitleLabel,hhTimeeditEdit,CalendarColon1Label,hhTimeeditEdit,CalendarColon2Label,mmTimeeditEdit,~|0x44-16777215x44|5,0");
-        row("cal", "CalendarTitleLabel", "text", "时间  ");
-        row("cal", "CalendarColon1Label", "text", " ：");
-        row("cal", "CalendarColon2Label", "text", " ：");
-        row("cal", "hhTimeeditEdit#0", "text|size|contextMenuPolicy|2signalTimeSelect(int)>1onHHTimeSelect(int)", "|22x22-22x22|0|yes");
-        row("cal", "hhTimeeditEdit#1", "text|size|2signalTimeSelect(int)>1onMMTimeSelect(int)", "|22x22-22x22|yes");
-        row("cal", "mmTimeeditEdit", "text|size|2signalTimeSelect(int)>1onSSTimeSelect(int)", "|22x22-22x22|yes");
-        row("cal", "CalendarBottomWidget", "layout|size|policy", "12,0,12,0/3/0:CalendarNowBtn,~,CalendarClearBtn,CalendarEnsureBtn|0x36-16777215x36|5,0");
-        row("cal", "CalendarNowBtn", "text|size|focusPolicy", "现在|40x22-40x22|11");
-        row("cal", "CalendarClearBtn", "text|size", "清空|40x22-40x22");
-        row("cal", "CalendarEnsureBtn", "text|size", "确定|40x22-40x22");
-        const char* colours = "baseColor|lbColor|lineColor|bgColor|selectColor|weekendColor";
-        row("cal", "", colours, "#efefef|#000000|#4cc5ff|#ffffff|#0096ff|#ff4343");
-        row("cal", "", qPrintable(QStringLiteral("@dark:") + colours), "#efefef|#000000|#4cc5ff|#ffffff|#0096ff|#ff4343");
-        row("cal", "", qPrintable(QStringLiteral("@black:") + colours), "#d2691e|#d9dfea|#a52a2a|#ffffff|#8fa4c9|#629af8");
         row("edit", "", "methods|contextMenuPolicy|text", "dateChanged(QDateTime)|0|" + today.toString(kDay));
         row("edit", "=QAction", "checkable|checked", "true|false");
-        row("frame", "", "flags|translucent|layout", "40813|1|8,8,8,8/0/0:UxCalendarTimeWidget");
-        row("frame", "qt_calendar_calendarview", "rows", "27/2");
+        row("frame", "", "flags|layout", "40813 translucent|8,8,8,8/0/0:UxCalendarTimeWidget");
+        row("frame", "qt_calendar_calendarview", "rows", "27 fixed");
         row("frame", "=UxCalendarTimeWidget", "layout|minimumDate|maximumDate",
-            "2,2,2,2/0/3:CalendarTopWidget,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarBottomWidget|"
+            "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarBottomWidget x36|"
                 + today.addYears(-2).toString(kDay) + "|" + today.addYears(2).toString(kDay));
         row("dt", "", "methods|calendarPopup|displayFormat", "signalDateChanged(QDate,QDate)|true|" + QDateTimeEdit().displayFormat());
-        row("dt", "CalendarPopWidget", "layout", "2,2,2,2/0/3:CalendarTopWidget,qt_calendar_navigationbar,qt_calendar_calendarview");
-        row("pop0", "", "methods|flags|translucent|size|layout",
-            "signalTimeBtnClicked(QString),onBtnClicked()|40813|1|229x88-229x88|8,8,8,8/0/0:UxFlowLayout");
+        row("dt", "CalendarPopWidget", "layout", "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview");
+        row("pop0", "", "methods|flags|size|layout", "signalTimeBtnClicked(QString),onBtnClicked()|40813 translucent|229x88|8,8,8,8/0/0:UxFlowLayout");
         row("pop0", "=QPushButton", "objectName|focusPolicy", "|11");
-        row("pop1", "", "size", "229x148-229x148");
+        row("pop1", "", "size", "229x148");
         row("clock", "", "methods|windowTitle|flags|layout",
-            "slotUpdateDt(),on_closeBushButton_clicked(),updateMenusUiData()|Frame|801|0,0,0,0/0/0:topFrame,timeLabel,dateLabel");
-        row("clock", "topFrame", "layout|size|frameShape|frameShadow",
-            "4,0,0,0/10/0:iconLabel,label_2,~244x19,settingPushButton,closeBushButton|0x24-16777215x24|6|32");
-        row("clock", "iconLabel", "size|text", "16x16-16x16|");
-        row("clock", "label_2", "text", "小时钟");
-        row("clock", "settingPushButton", "size|text", "16x16-16x16|");
-        row("clock", "closeBushButton", "size|text", "16x16-16x16|");
-        row("clock", "timeLabel", "text|alignment", "10:24:30|132"); // until the first tick
-        row("clock", "dateLabel", "text|size|alignment", "|0x25-16777215x25|132");
+            "slotUpdateDt(),on_closeBushButton_clicked(),updateMenusUiData()|Frame|801|0,0,0,0/0/0:topFrame x24,timeLabel[10:24:30],dateLabel x25");
+        row("clock", "topFrame", "layout|frameShape|frameShadow", "4,0,0,0/10/0:iconLabel 16x16,label_2[小时钟],~244x19,settingPushButton 16x16,closeBushButton 16x16|6|32");
+        row("clock", "timeLabel|dateLabel", "alignment|text", "132|10:24:30|132|"); // the form's text until the first tick
         row("clock", "=QTimer", "timer|2timeout()>1slotUpdateDt()", "900 0 0 1|yes");
-        row("clock", "zoneMenu", "actions", "8*,-8,-5,9");
     }
     void contract()
     {
-        QFETCH(QString, root);
-        QFETCH(QString, path);
-        QFETCH(QString, what);
-        QObject* o = part(m_roots.value(root), path);
-        QVERIFY2(o, qPrintable(path));
-        QTEST(probe(m_roots.value(root), o, what), "expected");
+        QStringList out;
+        for (const QString& path : cell<QString>("paths").split('|')) {
+            QObject* o = part(m_roots.value(cell<QString>("root")), path);
+            QVERIFY2(o, qPrintable(path));
+            out << probe(m_roots.value(cell<QString>("root")), o, cell<QString>("what"));
+        }
+        QTEST(out.join('|'), "expected");
+    }
+
+    void timePopRange_data()
+    {
+        const QDate day(2024, 1, 1);
+        const QDateTime min(day, QTime(10, 30, 0)), max(day, QTime(12, 0, 0));
+        QStringList all60;
+        for (int i = 0; i < 60; ++i)
+            all60 << QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0'));
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QDateTime>("min");
+        QTest::addColumn<QDateTime>("max");
+        QTest::addColumn<QDateTime>("current");
+        QTest::addColumn<QStringList>("enabled");
+        QTest::newRow("hours around 11:15:20") << 0 << min << max << QDateTime(day, QTime(11, 15, 20)) << QStringList{"11"};
+        QTest::newRow("minutes at 10") << 1 << min << max << QDateTime(day, QTime(10, 15, 20)) << QStringList(all60.mid(30));
+        QTest::newRow("seconds at 10:30, bound included") << 2 << min << max << QDateTime(day, QTime(10, 30, 5)) << all60;
+        QTest::newRow("seconds at 12:00") << 2 << min << max << QDateTime(day, QTime(12, 0, 20)) << QStringList{"00"};
+        QTest::newRow("minimum after maximum") << 0 << max << min << QDateTime(day, QTime(11, 0, 0)) << QStringList();
+        QTest::newRow("no current value") << 1 << min << max << QDateTime() << QStringList();
+        QTest::newRow("no maximum") << 2 << min << QDateTime() << QDateTime(day, QTime(11, 0, 0)) << QStringList();
+    }
+    void timePopRange()
+    {
+        UxTimePopWidget pop(nullptr, cell<int>("kind"));
+        pop.layout()->activate();
+        const QList<QPushButton*> buttons = pop.findChildren<QPushButton*>();
+        for (int i = 0; i < buttons.size(); ++i) // 229 - 2 x 8 - 2 x 6 leaves room for ten 20 px buttons a row
+            QCOMPARE(buttons[i]->geometry(), QRect(14 + 20 * (i % 10), 14 + 20 * (i / 10), 20, 20));
+        pop.setDateTime(cell<QDateTime>("min"), cell<QDateTime>("max"), cell<QDateTime>("current"));
+        QTEST(enabledTexts(&pop), "enabled");
+    }
+
+    // A pick writes the field and reports it; a click outside closes the grid and the calendar
+    // frame, one on the frame keeps it. The owner reaches the grid only when the grid is built.
+    void timeField_data()
+    {
+        QTest::addColumn<QPoint>("mouse");
+        QTest::addColumn<bool>("ownerFirst");
+        QTest::addColumn<bool>("ownerStays");
+        QTest::newRow("click elsewhere closes both") << QPoint(700, 20) << true << false;
+        QTest::newRow("click on the frame keeps it") << QPoint(350, 350) << true << true;
+        QTest::newRow("owner given after the grid was built") << QPoint(700, 20) << false << true;
+    }
+    void timeField()
+    {
+        QWidget owner, window, other;
+        owner.setGeometry(300, 300, 120, 120);
+        other.setGeometry(600, 10, 150, 50);
+        auto* field = new UxTimeEditPopEdit(&window, 1);
+        field->setGeometry(50, 60, 22, 22);
+        owner.show();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        field->setCalendarPopWidget(cell<bool>("ownerFirst") ? &owner : nullptr);
+        QSignalSpy spy(field, &UxTimeEditPopEdit::signalTimeSelect);
+        QPointer<QWidget> pop = openGrid(field);
+        field->setCalendarPopWidget(&owner);
+        QCOMPARE(pop->pos(), field->mapToGlobal(QPoint(-28, -pop->height()))); // above, 28 px to the left
+        QTest::mouseClick(button(pop, QStringLiteral("07")), Qt::LeftButton);
+        QCOMPARE(field->text() + QString::number(spy.value(0).value(0).toInt()) + QString::number(pop->isVisible()), QStringLiteral("0770"));
+        QTest::mouseClick(field, Qt::RightButton);
+        QVERIFY(!pop->isVisible());
+        QTest::mouseClick(field, Qt::LeftButton);
+        QApplication::setActiveWindow(pop);
+        QTRY_VERIFY(pop->hasFocus());
+        QCursor::setPos(cell<QPoint>("mouse"));
+        other.show();
+        QApplication::setActiveWindow(&other);
+        QTRY_VERIFY(!pop->isVisible());
+        QTEST(owner.isVisible(), "ownerStays");
+        delete field; // the grid goes with its field
+        QVERIFY(!pop);
+    }
+
+    // Forward stops at today (the page's 15th plus a month), backward at the minimum's year.
+    void calendarNavigation_data()
+    {
+        const QDate today = QDate::currentDate(), page(today.year(), today.month(), 1);
+        QTest::addColumn<QDate>("page");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QDate>("expected");
+        QTest::newRow("next month, this month") << page << "CalendarRightMonthBtn" << page;
+        QTest::newRow("next year, this year") << page << "CalendarRightYearBtn" << page;
+        QTest::newRow("next month, last month") << page.addMonths(-1) << "CalendarRightMonthBtn" << page.addMonths(today.day() >= 15 ? 0 : -1);
+        QTest::newRow("next month, two months back") << page.addMonths(-2) << "CalendarRightMonthBtn" << page.addMonths(-1);
+        QTest::newRow("next year, last year") << QDate(today.year() - 1, 6, 1) << "CalendarRightYearBtn" << QDate(today.year(), 6, 1);
+        QTest::newRow("previous month, January 1900") << QDate(1900, 1, 1) << "CalendarLeftMonthBtn" << QDate(1900, 1, 1);
+        QTest::newRow("previous year, 1900") << QDate(1900, 7, 1) << "CalendarLeftYearBtn" << QDate(1900, 7, 1);
+        QTest::newRow("previous month, February 1900") << QDate(1900, 2, 1) << "CalendarLeftMonthBtn" << QDate(1900, 1, 1);
+        QTest::newRow("previous year, 1901") << QDate(1901, 5, 1) << "CalendarLeftYearBtn" << QDate(1900, 5, 1);
+    }
+    void calendarNavigation()
+    {
+        UxCalendarTimeWidget cal(nullptr, true, true);
+        cal.setCurrentPage(cell<QDate>("page").year(), cell<QDate>("page").month());
+        button(&cal, cell<QString>("button"))->click();
+        QTEST(QDate(cal.yearShown(), cal.monthShown(), 1), "expected");
+    }
+
+    // Years newest first without the maximum's; boxes and page follow each other; texts that are no number turn no page.
+    void calendarBoxes()
+    {
+        UxCalendarTimeWidget cal(nullptr, true, true);
+        auto* years = cal.findChild<QComboBox*>(QStringLiteral("CalendarCbYear"));
+        auto* months = cal.findChild<QComboBox*>(QStringLiteral("CalendarCbMonth"));
+        const int thisYear = QDate::currentDate().year();
+        QCOMPARE(QStringList({years->itemText(0), years->itemText(years->count() - 1), years->currentText(), QString::number(years->count())}),
+                 QStringList({QString::number(thisYear + 4), "1900", QString::number(thisYear), QString::number(thisYear + 4 - 1900 + 1)}));
+        years->setCurrentText(QStringLiteral("2010"));
+        months->setCurrentText(QStringLiteral("11"));
+        QCOMPARE(QDate(cal.yearShown(), cal.monthShown(), 1), QDate(2010, 11, 1));
+        cal.setCurrentPage(1999, 3);
+        QCOMPARE(years->currentText() + months->currentText(), QStringLiteral("19993"));
+        years->addItem(QStringLiteral("abc"));
+        years->setCurrentText(QStringLiteral("abc"));
+        months->addItem(QStringLiteral("0"));
+        months->setCurrentText(QStringLiteral("0"));
+        for (const char* name : {"CalendarRightMonthBtn", "CalendarRightYearBtn", "CalendarLeftMonthBtn", "CalendarLeftYearBtn"})
+            button(&cal, QLatin1String(name))->click();
+        QCOMPARE(QDate(cal.yearShown(), cal.monthShown(), 1), QDate(1999, 3, 1));
+    }
+
+    // Confirm reports the selected day with the row's time; now and clear select today first.
+    void calendarButtons_data()
+    {
+        QTest::addColumn<bool>("dateOnly");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("fields");
+        QTest::addColumn<QString>("expected"); // selected day, then what was reported
+        const QString today = QDate::currentDate().toString(kDay), picked = QDate::currentDate().addDays(-3).toString(kDay);
+        QTest::newRow("confirm") << false << "确定" << "090807" << picked + " " + picked + "T09:08:07.000";
+        QTest::newRow("confirm, hour not a number") << false << "确定" << "ab0807" << picked + " " + picked + "T00:08:07.000";
+        QTest::newRow("confirm, date only") << true << "确定" << "" << picked + " " + picked + "T00:00:00.000";
+        QTest::newRow("clear") << false << "清空" << "" << today + " cleared";
+        QTest::newRow("now") << true << "现在" << "" << today + " now";
+    }
+    void calendarButtons()
+    {
+        UxCalendarTimeWidget cal(nullptr, cell<bool>("dateOnly"), true);
+        const QList<UxTimeEditPopEdit*> edits = cal.findChildren<UxTimeEditPopEdit*>();
+        for (int i = 0; i < edits.size(); ++i)
+            edits[i]->setText(cell<QString>("fields").mid(2 * i, 2));
+        cal.setSelectedDate(QDate::currentDate().addDays(-3));
+        QString seen;
+        connect(&cal, &UxCalendarTimeWidget::signalSetCalendarTime, &cal, [&](const QDateTime& dt) {
+            const bool now = qAbs(dt.msecsTo(QDateTime::currentDateTime())) < 1000;
+            seen += cal.selectedDate().toString(kDay) + " " + (now ? QStringLiteral("now") : dt.toString(Qt::ISODateWithMs));
+        });
+        connect(&cal, &UxCalendarTimeWidget::signalClearDateTime, &cal, [&] { seen += cal.selectedDate().toString(kDay) + " cleared"; });
+        button(&cal, cell<QString>("button"))->click();
+        QTEST(seen, "expected");
+    }
+
+    // A bound moves the time row to it when now lies outside. The grids then offer what keeps the
+    // selected day's time inside the bounds, and a pick in one grid narrows the others.
+    void calendarTimeRow_data()
+    {
+        const QDate today = QDate::currentDate();
+        QTest::addColumn<QDateTime>("bound");
+        QTest::addColumn<QString>("fields");
+        QTest::newRow("minimum ahead") << QDateTime(today.addDays(2), QTime(13, 14, 15)) << "131415";
+        QTest::newRow("maximum behind") << QDateTime(today.addDays(-2), QTime(1, 2, 3)) << "010203";
+    }
+    void calendarTimeRow()
+    {
+        const QDateTime bound = cell<QDateTime>("bound");
+        UxCalendarTimeWidget cal(nullptr, false, true);
+        const QList<UxTimeEditPopEdit*> edits = cal.findChildren<UxTimeEditPopEdit*>();
+        bound.date() > QDate::currentDate() ? cal.setCalendarMinDate(bound) : cal.setCalendarMaxDate(bound);
+        QTEST(edits[0]->text() + edits[1]->text() + edits[2]->text(), "fields");
+        cal.setCalendarMinDate(QDateTime(bound.date(), QTime(10, 30, 0)));
+        cal.setCalendarMaxDate(QDateTime(bound.date(), QTime(12, 0, 0)));
+        cal.setSelectedDate(bound.date());
+        edits[0]->setText(QStringLiteral("11"));
+        edits[1]->setText(QStringLiteral("15"));
+        emit cal.clicked(QDate(1990, 1, 1)); // the selected day counts, not the clicked one
+        cal.show();
+        QWidget* hours = openGrid(edits[0]);
+        QCOMPARE(enabledTexts(hours), QStringList{"11"});
+        QTest::mouseClick(button(openGrid(edits[1]), QStringLiteral("45")), Qt::LeftButton);
+        QCOMPARE(enabledTexts(hours), (QStringList{"10", "11"}));
+    }
+
+    // Cell colours by skin; only today fills the whole cell. The header takes its colours at
+    // construction and on a skin change, not when a colour is set.
+    void calendarColours_data()
+    {
+        QTest::addColumn<QString>("which");
+        QTest::addColumn<QColor>("fill");
+        QTest::addColumn<QColor>("text");
+        QTest::newRow("light selected") << "selected" << QColor("#0096ff") << QColor("white");
+        QTest::newRow("light out of range") << "outside" << QColor("#efefef") << QColor("black");
+        QTest::newRow("dark weekend") << "weekend" << QColor("#1F294D") << QColor("#ff4343");
+        QTest::newRow("black selected") << "selected" << QColor("#8FA4C9") << QColor("#FFFFFF");
+        QTest::newRow("black weekend") << "weekend" << QColor("#5B687E") << QColor("#629AF8");
+        QTest::newRow("black weekday") << "weekday" << QColor("#485366") << QColor("#D9DFEA");
+        QTest::newRow("black out of range") << "outside" << QColor("#7D8695") << QColor("#D9DFEA");
+        QTest::newRow("black today") << "today" << QColor("aqua") << QColor("brown");
+    }
+    void calendarColours()
+    {
+        const QString which = cell<QString>("which");
+        const QDate today = QDate::currentDate();
+        CellPainter cal;
+        cal.setLbColor(Qt::red);
+        cal.setStyleSheet(QStringLiteral("QWidget { }"));
+        QCOMPARE(cal.headerTextFormat().foreground().color(), QColor(Qt::black));
+        UxCore::instance()->setCurrentSkin(QStringLiteral("dark"));
+        UxCore::instance()->setCurrentSkin(QString::fromLatin1(QTest::currentDataTag()).section(' ', 0, 0));
+        QCOMPARE(cal.headerTextFormat().foreground().color(), cal.lbColor());
+        QCOMPARE(cal.weekdayTextFormat(Qt::Sunday).foreground().color(), cal.weekendColor());
+        cal.setLbColor(QColor("black"));
+        cal.setSelectedDate(today.addDays(-14));
+        QDate date = which == "selected" ? cal.selectedDate() : which == "outside" ? QDate(1899, 12, 20) : today;
+        for (date = which.startsWith("week") ? today.addDays(-7) : date; which.startsWith("week") && (date.dayOfWeek() >= 6) != (which == "weekend");)
+            date = date.addDays(-1);
+        QImage img(40, 30, QImage::Format_ARGB32);
+        img.fill(Qt::magenta);
+        QPainter p(&img);
+        cal.paintCell(&p, img.rect(), date);
+        QCOMPARE(QColor(img.pixel(6, 5)), cell<QColor>("fill"));
+        QCOMPARE(QColor(img.pixel(0, 0)) == cell<QColor>("fill"), which == "today");
+        bool found = false;
+        for (int i = 0; i < img.width() * img.height() && !found; ++i)
+            found = QColor(img.pixel(i % img.width(), i / img.width())) == cell<QColor>("text");
+        QVERIFY(found);
+    }
+
+    // The frame opens below the edit, or above it near the screen's bottom, and a click elsewhere
+    // closes it. A pick shows the day, clear leaves the 0xFFFFFFFF marker, and only a later
+    // minimum moves the value.
+    void calendarEdit_data()
+    {
+        QTest::addColumn<bool>("nearBottom");
+        QTest::newRow("room below, click elsewhere") << false;
+        QTest::newRow("near the bottom, click inside") << true;
+    }
+    void calendarEdit()
+    {
+        const bool nearBottom = cell<bool>("nearBottom");
+        const QRect avail = QGuiApplication::primaryScreen()->availableGeometry();
+        QWidget window(nullptr, Qt::FramelessWindowHint), other;
+        window.setGeometry(avail.x() + 50, nearBottom ? avail.height() - 60 : avail.y() + 20, 200, 40);
+        other.setGeometry(600, 0, 150, 50);
+        const QWidgetList before = QApplication::topLevelWidgets();
+        auto* edit = new UxCalendarTimeEdit(&window);
+        edit->setGeometry(10, 5, 150, 24);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QWidget* frame = newTopLevel(before, QStringLiteral("calendarFramWidget"));
+        auto* cal = frame->findChild<UxCalendarTimeWidget*>();
+        QTest::mouseClick(edit, Qt::LeftButton);
+        const QPoint corner = edit->mapToGlobal(QPoint(-8, 0));
+        QCOMPARE(frame->pos(), nearBottom ? corner - QPoint(0, cal->height()) : corner + QPoint(0, edit->height()));
+        QApplication::setActiveWindow(frame);
+        QTRY_VERIFY(frame->hasFocus());
+        QCursor::setPos(nearBottom ? frame->geometry().center() : QPoint(700, 5));
+        other.show();
+        QApplication::setActiveWindow(&other);
+        QTRY_COMPARE(frame->isVisible(), nearBottom);
+
+        const qint64 icon = edit->findChild<QAction*>()->icon().cacheKey();
+        UxCore::instance()->setCurrentSkin(QStringLiteral("dark")); // the icon stays the one of construction
+        QCOMPARE(edit->findChild<QAction*>()->icon().cacheKey(), icon);
+        QSignalSpy spy(edit, &UxCalendarTimeEdit::dateChanged);
+        cal->setSelectedDate(QDate::currentDate().addDays(-5));
+        button(cal, QStringLiteral("确定"))->click();
+        const QDateTime picked(QDate::currentDate().addDays(-5), QTime(0, 0));
+        QCOMPARE(edit->text() + QString::number(frame->isVisible()), picked.toString(kDay) + "0");
+        QCOMPARE(edit->date(), picked);
+        QCOMPARE(spy.value(0).value(0).toDateTime(), picked);
+        frame->show();
+        button(cal, QStringLiteral("清空"))->click();
+        QCOMPARE(edit->text() + QString::number(frame->isVisible() + spy.count()), QStringLiteral("1"));
+        QCOMPARE(edit->date(), QDateTime::fromSecsSinceEpoch(0xFFFFFFFF));
+        edit->setCalendarMinDate(QDateTime::currentDateTime().addYears(-3));
+        QCOMPARE(edit->date(), QDateTime::fromSecsSinceEpoch(0xFFFFFFFF));
+        const QDateTime raised(QDate::currentDate().addDays(3), QTime(8, 30));
+        edit->setCalendarMinDate(raised);
+        edit->setCalendarMinDate(raised.addDays(-1));
+        QCOMPARE(edit->text() + " " + cal->minimumDate().toString(kDay), raised.toString(kDay) + " " + raised.addDays(-1).toString(kDay));
+        QCOMPARE(edit->date(), raised);
+    }
+
+    // A pick reports twice, the edit's own change once and only when the day changes.
+    void dateTimeEditSignals()
+    {
+        UxDateTimeEdit edit;
+        edit.setDate(QDate(2020, 5, 5));
+        auto* cal = static_cast<UxCalendarTimeWidget*>(edit.calendarWidget());
+        QSignalSpy spy(&edit, &UxDateTimeEdit::signalDateChanged);
+        emit cal->signalSetCalendarTime(QDateTime(QDate(2021, 7, 8), QTime(0, 0)));
+        emit cal->signalSetCalendarTime(QDateTime(QDate(2021, 7, 8), QTime(0, 0)));
+        edit.setDate(QDate(2021, 7, 8));
+        edit.setDate(QDate(2023, 3, 4));
+        QStringList seen;
+        for (const QList<QVariant>& args : qAsConst(spy))
+            seen << args.at(0).toDate().toString(kDay) + ">" + args.at(1).toDate().toString(kDay);
+        QCOMPARE(seen, QStringList({"2020-05-05>2021-07-08", "2020-05-05>2021-07-08", "2021-07-08>2021-07-08", "2021-07-08>2023-03-04"}));
+        QCOMPARE(QDate(cal->yearShown(), cal->monthShown(), 1), QDate(2023, 3, 1));
+    }
+
+    // A zone chosen from the menu or restored: the shifted time, the date line from the moment of
+    // the choice, the checked action and the saved zone.
+    void clockZone_data()
+    {
+        QTest::addColumn<bool>("menu");
+        QTest::addColumn<QVariantMap>("stored");
+        QTest::addColumn<int>("base");
+        QTest::addColumn<int>("hours");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("checked");
+        QTest::newRow("choose 旧金山") << true << QVariantMap{{"zone", -8}} << 8 << -16 << "旧金山" << "-8";
+        QTest::newRow("choose 汉城") << true << QVariantMap{{"zone", 9}} << 8 << 1 << "汉城" << "9";
+        QTest::newRow("choose the checked 北京 again") << true << QVariantMap{{"zone", 8}} << 8 << 0 << "北京" << "";
+        QTest::newRow("restore 美东") << false << QVariantMap{{"zone", -5}} << 8 << -13 << "美东" << "-5";
+        QTest::newRow("nothing stored") << false << QVariantMap() << 8 << 0 << "北京" << "8";
+        QTest::newRow("out of range: base zone as offset") << false << QVariantMap{{"zone", 20}} << 8 << 8 << "" << "";
+        QTest::newRow("out of range, base 9") << false << QVariantMap{{"zone", -11}} << 9 << 9 << "" << "";
+        QTest::newRow("edge of range") << false << QVariantMap{{"zone", 12}} << 8 << 4 << "" << "";
+        QTest::newRow("largest int") << false << QVariantMap{{"zone", INT_MAX}} << 8 << 8 << "" << "";
+        QTest::newRow("not a number reads 0") << false << QVariantMap{{"zone", "abc"}} << 8 << -8 << "" << "";
+        QTest::newRow("base 9") << false << QVariantMap{{"zone", 9}} << 9 << 0 << "汉城" << "9";
+    }
+    void clockZone()
+    {
+        const QVariantMap stored = cell<QVariantMap>("stored");
+        UxMiniClockPannel clock;
+        clock.setBaseZone(cell<int>("base"));
+        QMenu* menu = clock.findChild<QPushButton*>(QStringLiteral("settingPushButton"))->menu();
+        for (QAction* a : menu->actions())
+            if (cell<bool>("menu") && a->data() == stored.value("zone"))
+                a->trigger();
+        if (!cell<bool>("menu"))
+            clock.restore(stored);
+        const QDateTime shifted = QDateTime::currentDateTime().addSecs(cell<int>("hours") * 3600);
+        QVERIFY(clockDrift(clock.findChild<QLabel*>("timeLabel")->text(), cell<int>("hours")) <= 1);
+        QCOMPARE(clock.findChild<QLabel*>("dateLabel")->text(), cell<QString>("name") + " " + shifted.toString("yyyy/MM/dd"));
+        QStringList checked;
+        for (QAction* a : menu->actions())
+            if (a->isChecked())
+                checked << a->data().toString();
+        QTEST(checked.join(','), "checked");
+        QMap<QString, QVariant> saved;
+        clock.save(saved);
+        QCOMPARE(saved, (QMap<QString, QVariant>{{"zone", stored.value("zone", 8).toInt()}}));
+    }
+
+    // Menu texts: the base zone first, then ascending keys, each with its zone's time, recomputed on showing.
+    void clockZoneMenu()
+    {
+        UxMiniClockPannel clock;
+        clock.setTimeZoneMap({{1, "Z1"}, {-3, "Z-3"}}); // the base zone 8 is missing: it comes back as "Beijing"
+        QMenu* menu = clock.findChild<QPushButton*>(QStringLiteral("settingPushButton"))->menu();
+        for (int base : {8, 9}) {
+            clock.setBaseZone(base);
+            emit menu->aboutToShow();
+            QStringList texts;
+            for (QAction* a : menu->actions()) {
+                const QDateTime at = QDateTime::fromString(a->text().section(' ', 1), "yyyy-MM-dd hh:mm:ss");
+                texts << a->data().toString() + a->text().section(' ', 0, 0)
+                        + QString::number(qRound(QDateTime::currentDateTime().secsTo(at) / 3600.0));
+            }
+            QCOMPARE(texts, QStringList({"8Beijing" + QString::number(8 - base), "-3Z-3" + QString::number(-3 - base), "1Z1" + QString::number(1 - base)}));
+        }
+        QCOMPARE(menu->actions().first()->isChecked(), true);
+        QCOMPARE(clock.findChildren<QMenu*>("zoneMenu").size(), 1);
+    }
+
+    // Only a panel with a parent is a draggable tile without a close button.
+    void clockChrome()
+    {
+        QWidget host;
+        auto* tile = new UxMiniClockPannel(&host);
+        auto* helper = tile->findChild<UxFramelessHelper*>();
+        QVERIFY(helper && helper->isMovable() && !helper->isResizable() && tile->findChild<QPushButton*>("closeBushButton")->isHidden());
+        UxMiniClockPannel top;
+        QVERIFY(!top.findChild<UxFramelessHelper*>());
+        top.show();
+        QTest::mouseClick(top.findChild<QPushButton*>("closeBushButton"), Qt::LeftButton);
+        QVERIFY(!top.isVisible());
     }
 };
 
