@@ -152,33 +152,25 @@ private slots:
             QTest::addRow("%s %s %s", root, paths, what) << root << paths << what << expected;
         };
         row("cal", "", "methods", "signalSetCalendarTime(QDateTime),signalClearDateTime(),onUpdateHMSmmTime(QDate),onHHTimeSelect(int),onMMTimeSelect(int),onSSTimeSelect(int)");
-        row("cal", "", "properties|baseColor|lbColor|lineColor|bgColor|selectColor|weekendColor",
-            "baseColor,lbColor,lineColor,bgColor,selectColor,weekendColor|#efefef|#000000|#4cc5ff|#ffffff|#0096ff|#ff4343");
-        row("cal", "", "layout|navigationBarVisible|verticalHeaderFormat|horizontalHeaderFormat|minimumDate|maximumDate",
-            "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarTimeEidtWidget x44,CalendarBottomWidget x36|false|0|1|1900-01-01|"
-                + today.addYears(5).toString(kDay));
+        row("cal", "", "properties|baseColor|lbColor|lineColor|bgColor|selectColor|weekendColor", "baseColor,lbColor,lineColor,bgColor,selectColor,weekendColor|#efefef|#000000|#4cc5ff|#ffffff|#0096ff|#ff4343");
+        row("cal", "", "layout|navigationBarVisible|verticalHeaderFormat|horizontalHeaderFormat|minimumDate|maximumDate", "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarTimeEidtWidget x44,CalendarBottomWidget x36|false|0|1|1900-01-01|" + today.addYears(5).toString(kDay));
         row("cal", "CalendarTopWidget", "layout", "5,0,5,0/2/0:CalendarLeftYearBtn,CalendarLeftMonthBtn,~,CalendarCbYear,CalendarDataLabel[年],CalendarCbMonth,CalendarDataLabel[月],~,CalendarRightMonthBtn,CalendarRightYearBtn");
         row("cal", "CalendarTimeEidtWidget", "layout", "12,0,12,0/0/0:CalendarTitleLabel[时间  ],hhTimeeditEdit 22x22,CalendarColon1Label[ ：],hhTimeeditEdit 22x22,CalendarColon2Label[ ：],mmTimeeditEdit 22x22,~");
         row("cal", "CalendarBottomWidget", "layout", "12,0,12,0/3/0:CalendarNowBtn[现在] 40x22,~,CalendarClearBtn[清空] 40x22,CalendarEnsureBtn[确定] 40x22");
         row("cal", "CalendarLeftYearBtn|CalendarNowBtn|hhTimeeditEdit", "focusPolicy|contextMenuPolicy", "11|1|11|1|11|0");
-        row("cal", "hhTimeeditEdit#0|hhTimeeditEdit#1|mmTimeeditEdit", "2signalTimeSelect(int)>1onHHTimeSelect(int)|2signalTimeSelect(int)>1onMMTimeSelect(int)|2signalTimeSelect(int)>1onSSTimeSelect(int)",
-            "yes|no|no|no|yes|no|no|no|yes");
-        row("cal", "CalendarCbMonth|CalendarCbYear", "items|currentText", "1..12|" + QString::number(today.month()) + "|"
-            + QString::number(today.year() + 4) + "..1900|" + QString::number(today.year())); // newest first, without the maximum's year
+        row("cal", "hhTimeeditEdit#0|hhTimeeditEdit#1|mmTimeeditEdit", "2signalTimeSelect(int)>1onHHTimeSelect(int)|2signalTimeSelect(int)>1onMMTimeSelect(int)|2signalTimeSelect(int)>1onSSTimeSelect(int)", "yes|no|no|no|yes|no|no|no|yes");
+        row("cal", "CalendarCbMonth|CalendarCbYear", "items|currentText", "1..12|" + QString::number(today.month()) + "|" + QString::number(today.year() + 4) + "..1900|" + QString::number(today.year())); // newest first, without the maximum's year
         row("edit", "", "methods|contextMenuPolicy|text", "dateChanged(QDateTime)|0|" + today.toString(kDay));
         row("edit", "=QAction", "checkable|checked", "true|false");
         row("frame", "", "flags|layout", "40813 translucent|8,8,8,8/0/0:UxCalendarTimeWidget");
         row("frame", "qt_calendar_calendarview", "rows", "27/2");
-        row("frame", "=UxCalendarTimeWidget", "layout|minimumDate|maximumDate",
-            "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarBottomWidget x36|"
-                + today.addYears(-2).toString(kDay) + "|" + today.addYears(2).toString(kDay));
+        row("frame", "=UxCalendarTimeWidget", "layout|minimumDate|maximumDate", "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview,CalendarBottomWidget x36|" + today.addYears(-2).toString(kDay) + "|" + today.addYears(2).toString(kDay));
         row("dt", "", "methods|calendarPopup|displayFormat", "signalDateChanged(QDate,QDate)|true|" + QDateTimeEdit().displayFormat());
         row("dt", "CalendarPopWidget", "layout", "2,2,2,2/0/3:CalendarTopWidget x40,qt_calendar_navigationbar,qt_calendar_calendarview");
         row("pop0", "", "methods|flags|size|layout", "signalTimeBtnClicked(QString),onBtnClicked()|40813 translucent|229x88|8,8,8,8/0/0:UxFlowLayout");
         row("pop0", "=QPushButton", "objectName|focusPolicy", "|11");
         row("pop1", "", "size", "229x148");
-        row("clock", "", "methods|windowTitle|flags|layout",
-            "slotUpdateDt(),on_closeBushButton_clicked(),updateMenusUiData()|Frame|801|0,0,0,0/0/0:topFrame x24,timeLabel[10:24:30],dateLabel x25");
+        row("clock", "", "methods|windowTitle|flags|layout", "slotUpdateDt(),on_closeBushButton_clicked(),updateMenusUiData()|Frame|801|0,0,0,0/0/0:topFrame x24,timeLabel[10:24:30],dateLabel x25");
         row("clock", "topFrame", "layout|frameShape|frameShadow", "4,0,0,0/10/0:iconLabel 16x16,label_2[小时钟],~244x19,settingPushButton 16x16,closeBushButton 16x16|6|32");
         row("clock", "timeLabel|dateLabel", "alignment|text", "132|10:24:30|132|"); // the form's text until the first tick
         row("clock", "=QTimer", "timer|2timeout()>1slotUpdateDt()", "900 0 0 1|yes");
@@ -267,9 +259,8 @@ private slots:
             edits[i]->setText(cell<QString>("fields").mid(2 * i, 2));
         cal.setSelectedDate(QDate::currentDate().addDays(-3));
         QString seen;
-        connect(&cal, &UxCalendarTimeWidget::signalSetCalendarTime, &cal, [&](const QDateTime& dt) {
-            const bool now = qAbs(dt.msecsTo(QDateTime::currentDateTime())) < 1000;
-            seen += cal.selectedDate().toString(kDay) + " " + (now ? QStringLiteral("now") : dt.toString(Qt::ISODateWithMs));
+        connect(&cal, &UxCalendarTimeWidget::signalSetCalendarTime, &cal, [&](const QDateTime& dt) { // "now" within a second
+            seen += cal.selectedDate().toString(kDay) + " " + (qAbs(dt.msecsTo(QDateTime::currentDateTime())) < 1000 ? "now" : dt.toString(Qt::ISODateWithMs));
         });
         connect(&cal, &UxCalendarTimeWidget::signalClearDateTime, &cal, [&] { seen += cal.selectedDate().toString(kDay) + " cleared"; });
         button(&cal, cell<QString>("button"))->click();

@@ -39,12 +39,11 @@ class TstScheduler : public QObject
     // "x" aborts; "~" destroys the scheduler; "zN" blocks the event loop for N ms.
     void exec(const QString& op)
     {
-        const QString arg = op.mid(1);
         const QStringList parts = op.split('/');
-        const QString name = parts[0].section('@', 0, 0);
-        const uint delay = parts[0].section('@', 1).section('#', 0, 0).toUInt(), id = parts[0].section('#', 1).toUInt();
+        const QString name = parts[0].section('@', 0, 0), arg = op.mid(1);
         if (op.contains('@'))
-            m_s->Schedule([this, name, parts] { m_ran << name; for (const QString& post : parts.mid(1)) exec(post); }, delay, id);
+            m_s->Schedule([this, name, parts] { m_ran << name; for (const QString& post : parts.mid(1)) exec(post); },
+                          parts[0].section('@', 1).section('#', 0, 0).toUInt(), parts[0].section('#', 1).toUInt());
         else if (op == "!")
             m_s->CancelAll();
         else if (op == "x")
