@@ -206,6 +206,7 @@ private slots:
         UxTimePopWidget pop(nullptr, cell<QVariant>("kind").toInt());
         pop.layout()->activate();
         const QList<QPushButton*> buttons = pop.findChildren<QPushButton*>();
+        QCOMPARE(buttons.size(), cell<QVariant>("kind").toInt() ? 60 : 24);
         for (int i = 0; i < buttons.size(); ++i) // 229 - 2 x 8 - 2 x 6 leaves room for ten 20 px buttons a row
             QCOMPARE(buttons[i]->geometry(), QRect(14 + 20 * (i % 10), 14 + 20 * (i / 10), 20, 20));
         pop.setDateTime(cell<QVariant>("min").toDateTime(), cell<QVariant>("max").toDateTime(), cell<QVariant>("current").toDateTime());
@@ -270,6 +271,39 @@ private slots:
         QCOMPARE(cal.headerTextFormat().foreground().color(), QColor(Qt::black));
         UxCore::instance()->setCurrentSkin(QStringLiteral("dark"));
         QCOMPARE(cal.headerTextFormat().foreground().color(), QColor(Qt::red));
+    }
+
+    // Day cells by skin: fill and number colours; only today fills the whole cell.
+    void calendarCells_data()
+    {
+        for (const char* column : {"which", "fill", "text"})
+            QTest::addColumn<QString>(column);
+        QTest::newRow("light selected") << "selected" << "#0096ff" << "#ffffff";
+        QTest::newRow("light out of range") << "outside" << "#efefef" << "#000000";
+        QTest::newRow("dark weekend") << "weekend" << "#1f294d" << "#ff4343";
+        QTest::newRow("black selected") << "selected" << "#8fa4c9" << "#ffffff";
+        QTest::newRow("black weekday") << "weekday" << "#485366" << "#d9dfea";
+        QTest::newRow("black out of range") << "outside" << "#7d8695" << "#d9dfea";
+        QTest::newRow("black today") << "today" << "#00ffff" << "#a52a2a";
+    }
+    void calendarCells()
+    {
+        struct Cells : UxCalendarTimeWidget { Cells() : UxCalendarTimeWidget(nullptr, true, false) {} using UxCalendarTimeWidget::paintCell; } cal;
+        const QString which = cell<QString>("which");
+        const QDate today = QDate::currentDate();
+        UxCore::instance()->setCurrentSkin(QString::fromLatin1(QTest::currentDataTag()).section(' ', 0, 0));
+        cal.setSelectedDate(today.addDays(-14));
+        QDate date = which == "selected" ? cal.selectedDate() : which == "outside" ? QDate(1899, 12, 20) : which == "today" ? today : today.addDays(-7);
+        while (which.startsWith("week") && (date.dayOfWeek() >= 6) != (which == "weekend"))
+            date = date.addDays(-1);
+        QImage img(40, 30, QImage::Format_RGB32);
+        img.fill(Qt::magenta);
+        QPainter p(&img);
+        cal.paintCell(&p, img.rect(), date);
+        auto at = [&](int x, int y) { return QColor(img.pixel(x, y)).name(); };
+        QCOMPARE(at(1, 10) + at(20, 2) + at(38, 15) + at(20, 27), cell<QString>("fill").repeated(4)); // the cell less 1 and 2 px a side
+        QCOMPARE(at(0, 10) + at(20, 1) + at(39, 15) + at(20, 28), (which == "today" ? cell<QString>("fill") : "#ff00ff").repeated(4));
+        QVERIFY(QByteArray((const char*)img.constBits(), img.sizeInBytes()).contains(QByteArray::fromRawData((const char*)&(const QRgb&)QColor(cell<QString>("text")).rgb(), 4)));
     }
 
     // A bound moves the time row to it when now lies outside. A field's grid opens above it and
@@ -405,6 +439,23 @@ private slots:
         QMap<QString, QVariant> saved;
         clock.save(saved);
         QCOMPARE(saved, (QMap<QString, QVariant>{{"zone", stored.value("zone", 8).toInt()}}));
+    }
+
+    // Menu texts: the base zone first, then ascending keys, each with its zone's time, recomputed on showing.
+    void clockZoneMenu()
+    {
+        UxMiniClockPannel clock;
+        clock.setTimeZoneMap({{1, "Z1"}, {-3, "Z-3"}}); // the base zone 8 is missing: it comes back as "Beijing"
+        QMenu* menu = clock.findChild<QPushButton*>(QStringLiteral("settingPushButton"))->menu();
+        for (int base : {8, 9}) {
+            clock.setBaseZone(base);
+            emit menu->aboutToShow();
+            QStringList texts;
+            for (QAction* a : menu->actions()) // zone, name, hours from now
+                texts << QStringLiteral("%1 %2 %3").arg(a->data().toInt()).arg(a->text().section(' ', 0, 0)).arg(QDateTime::currentDateTime().secsTo(QDateTime::fromString(a->text().section(' ', 1), "yyyy-MM-dd hh:mm:ss")) / 3600.0);
+            QCOMPARE(texts, QStringList({"8 Beijing " + QString::number(8 - base), "-3 Z-3 " + QString::number(-3 - base), "1 Z1 " + QString::number(1 - base)}));
+        }
+        QVERIFY(menu->actions().first()->isChecked());
     }
 
 };
