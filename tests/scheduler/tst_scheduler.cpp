@@ -19,7 +19,7 @@ struct TickSpy : QObject {
 };
 
 // A task polled more than 2 ms late is dropped by design, and a loaded machine can stall that
-// long; so an attempt that did not see the expected tasks is repeated, up to five times.
+// long; so an attempt that did not see the expected tasks is repeated, up to ten times.
 class TstScheduler : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ class TstScheduler : public QObject
     void retry(const std::function<void(bool& missed)>& attempt)
     {
         bool missed = true;
-        for (int i = 0; i < 5 && missed && !QTest::currentTestFailed(); ++i)
+        for (int i = 0; i < 10 && missed && !QTest::currentTestFailed(); ++i)
             attempt(missed = false);
         QVERIFY2(!missed, "no attempt ran the expected tasks");
     }
@@ -71,7 +71,7 @@ private Q_SLOTS:
             QTimer* timer = nullptr;
             m_s->Schedule([&] { timer = spy.ticking; m_s->Abort(); }, 0, 1);
             exec("held@30#2");
-            missed = !UxTest::spinUntil([&] { return timer != nullptr; }, 2000);
+            missed = !UxTest::spinUntil([&] { return timer != nullptr; }, 500);
             if (missed)
                 return;
             QCOMPARE(timer->interval(), 1);
@@ -114,7 +114,7 @@ private Q_SLOTS:
             for (const QString& op : ops)
                 exec(op);
             if (!expected.isEmpty())
-                UxTest::spinUntil([&] { return m_ran.size() >= expected.size(); }, 2000);
+                UxTest::spinUntil([&] { return m_ran.size() >= expected.size(); }, 500);
             UxTest::spin(60);
             missed = m_ran != expected;
         });
