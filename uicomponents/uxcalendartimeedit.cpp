@@ -32,7 +32,6 @@ UxCalendarTimeEdit::UxCalendarTimeEdit(QWidget* parent)
     m_iconAction->setCheckable(true);
     m_iconAction->setChecked(false);
     connect(m_iconAction, &QAction::triggered, this, [this] { popCalendarTimeWidget(); });
-    connect(UxCore::instance(), &UxCore::signalSkinChanged, this, [this] { updateIcon(); });
     setObjectName(QStringLiteral("UxCalendarTimeEdit"));
     UxCore::instance()->addStyle2View(this, QStringLiteral("controls/uicomponents.css"));
     initControlcalendar(true);
@@ -41,12 +40,6 @@ UxCalendarTimeEdit::UxCalendarTimeEdit(QWidget* parent)
 UxCalendarTimeEdit::~UxCalendarTimeEdit()
 {
     delete m_frame;
-}
-
-void UxCalendarTimeEdit::updateIcon()
-{
-    if (m_iconAction)
-        m_iconAction->setIcon(QIcon(UxCore::instance()->getCurrentSkinPath(QStringLiteral("subject_date.png"))));
 }
 
 QString UxCalendarTimeEdit::formatted(const QDateTime& dt) const

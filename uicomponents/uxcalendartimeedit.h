@@ -19,8 +19,7 @@ class UxCalendarTimeWidget;
 //
 // The minimum can only be raised through setCalendarMinDate, and raising it
 // moves the value to the new minimum. Text typed by hand is not parsed back.
-//
-// Our choice: the icon follows skin switches.
+// The icon is taken from the skin in force at construction.
 class UICOMPONENTS_EXPORT UxCalendarTimeEdit : public QLineEdit, public IUxSkin
 {
     Q_OBJECT
@@ -43,7 +42,6 @@ private:
     QString formatted(const QDateTime& dt) const;
     void onCalendarTime(const QDateTime& dt);
     void onCalendarCleared();
-    void updateIcon();
 
     UxCalendarTimeWidget* m_calendar = nullptr;
     BackPaintWidget* m_frame = nullptr;

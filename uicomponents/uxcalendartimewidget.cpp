@@ -40,8 +40,6 @@ QPushButton* navButton(const char* name, QWidget* parent)
 {
     auto* btn = new QPushButton(parent);
     btn->setObjectName(QLatin1String(name));
-    btn->setFocusPolicy(Qt::NoFocus);
-    btn->setCursor(Qt::PointingHandCursor);
     return btn;
 }
 
@@ -81,8 +79,6 @@ UxCalendarTimeWidget::UxCalendarTimeWidget(QWidget* parent, bool isDateYes, bool
     initControl();
     connect(UxCore::instance(), &UxCore::signalSkinChanged, this, [this] { updateStyle(); });
     updateStyle();
-    // The time row starts at the current time (clamped to the bounds), not empty.
-    updateTimeEditTimer();
 }
 
 UxCalendarTimeWidget::UxCalendarTimeWidget()
@@ -189,7 +185,6 @@ void UxCalendarTimeWidget::initTimeEditWidget()
         auto* edit = new UxTimeEditPopEdit(row, kind);
         edit->setFixedSize(22, 22);
         edit->setObjectName(QLatin1String(name));
-        edit->setAlignment(Qt::AlignCenter);
         edit->setCalendarPopWidget(m_owner);
         return edit;
     };
@@ -230,7 +225,6 @@ void UxCalendarTimeWidget::initBottomWidget()
         auto* btn = new QPushButton(text, bottom);
         btn->setObjectName(QLatin1String(name));
         btn->setFixedSize(40, 22);
-        btn->setFocusPolicy(Qt::NoFocus);
         return btn;
     };
     QPushButton* now = makeButton(QCoreApplication::translate("UxCalendarTimeWidget", "现在"), "CalendarNowBtn");
@@ -263,15 +257,14 @@ int UxCalendarTimeWidget::comboMonth() const
 
 void UxCalendarTimeWidget::onPrevYear()
 {
-    const int year = comboYear();
-    if (year > 0 && year - 1 >= minimumDate().year())
+    if (comboYear() - 1 >= minimumDate().year())
         showPreviousYear();
 }
 
 void UxCalendarTimeWidget::onPrevMonth()
 {
     const QDate d(comboYear(), comboMonth(), 15);
-    if (d.isValid() && d.addMonths(-1) >= QDate(minimumDate().year(), 1, 1))
+    if (d.addMonths(-1) >= QDate(minimumDate().year(), 1, 1))
         showPreviousMonth();
 }
 
@@ -293,15 +286,14 @@ void UxCalendarTimeWidget::onYearTextChanged(const QString& text)
 {
     const int year = text.toInt();
     if (year >= minimumDate().year() && year <= maximumDate().year())
-        setCurrentPage(year, comboMonth() >= 1 ? comboMonth() : monthShown());
+        setCurrentPage(year, comboMonth());
 }
 
 void UxCalendarTimeWidget::onMonthTextChanged(const QString& text)
 {
     const int month = text.toInt();
-    const int year = comboYear();
-    if (month >= 1 && month <= 12 && year >= minimumDate().year() && year <= maximumDate().year())
-        setCurrentPage(year, month);
+    if (month >= 1 && month <= 12)
+        setCurrentPage(comboYear(), month);
 }
 
 void UxCalendarTimeWidget::setDataLabelTimeText(int year, int month)
@@ -517,16 +509,6 @@ void UxCalendarTimeWidget::setWeekendColor(const QColor& color)
 }
 
 // --- painting ---------------------------------------------------------------------
-
-bool UxCalendarTimeWidget::event(QEvent* event)
-{
-    const bool result = QCalendarWidget::event(event);
-    // The sheet's qproperty-... colours arrive while polishing; the header
-    // formats are computed from them, so refresh them afterwards.
-    if (event->type() == QEvent::Polish || event->type() == QEvent::StyleChange)
-        updateStyle();
-    return result;
-}
 
 void UxCalendarTimeWidget::changeEvent(QEvent* event)
 {

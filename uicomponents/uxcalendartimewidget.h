@@ -23,17 +23,18 @@ class UxTimeEditPopEdit;
 // Navigation forward stops at today; backward at the minimum date's year. The
 // year list leaves out the maximum year when the range spans several years.
 //
-// Our choices:
-// - the time row is filled at construction (current time within the bounds);
-// - the weekday header follows colours a style sheet sets (qproperty-lbColor...)
-//   as soon as the sheet is applied;
-// - a combo text that is not a number never moves the page (the month box also
-//   needs a year inside the calendar's range);
-// - an invalid bound passed to setCalendarMinDate/setCalendarMaxDate is logged
-//   and ignored.
-// - the texts follow the installed translation, live; the calendar's locale is
-//   the translation of the text "zh_CN" in this class's context (the English
-//   translation gives "en_US"); with no translation it is the Chinese locale.
+// The time row stays empty until a bound is set, a day is clicked or a value
+// is picked. The header formats take the colours in force at construction and
+// at each skin change.
+//
+// Bad input: a combo text that is not a number reads as 0, and the forward
+// buttons also need that year and month to make a valid date, so such a text
+// never turns the page by button. An invalid bound passed to
+// setCalendarMinDate/setCalendarMaxDate is logged and ignored.
+//
+// The texts follow the installed translation, live; the calendar's locale is
+// the translation of the text "zh_CN" in this class's context (the English
+// translation gives "en_US"); with no translation it is the Chinese locale.
 class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
 {
     Q_OBJECT
@@ -74,7 +75,6 @@ Q_SIGNALS:
     void signalClearDateTime();
 
 protected:
-    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void paintCell(QPainter* painter, const QRect& rect, const QDate& date) const override;
     void paintEvent(QPaintEvent* event) override;

@@ -8,7 +8,6 @@
 UxDateTimeEdit::UxDateTimeEdit(QWidget* parent)
     : QDateTimeEdit(parent)
 {
-    setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
     m_calendar = new UxCalendarTimeWidget(this, true, false);
     setCalendarPopup(true);
     setCalendarWidget(m_calendar);

@@ -55,7 +55,6 @@ UxMiniClockPannel::UxMiniClockPannel(QWidget* parent)
         helper->setWidgetResizable(false);
         ui->closeBushButton->hide();
     }
-    slotUpdateDt();
 }
 
 UxMiniClockPannel::~UxMiniClockPannel()
@@ -174,8 +173,8 @@ void UxMiniClockPannel::onZoneTriggered(QAction* action)
     m_timer->start(kTickMs);
     updateTime(m_offset);
     updateDate(m_offset);
-    // A second click on the chosen zone would uncheck it: it stays chosen.
-    action->setChecked(true);
+    // Qt has already toggled the action: a second click on the chosen zone
+    // leaves no zone checked.
     updateActionsExcurise(action);
 }
 

@@ -27,10 +27,11 @@ class UxMiniClockPannel;
 //
 // With a parent the panel is a draggable, closeless tile; without one it is a
 // frameless window with a close button.
+// The form's placeholder time shows until the first tick, 900 ms after
+// construction.
 //
-// Our choices: the time is shown at once, not only after the first tick; the
-// caption and the default zone names follow the installed translation, live
-// (names the host set through setTimeZoneMap stay as given).
+// The caption and the default zone names follow the installed translation,
+// live (names the host set through setTimeZoneMap stay as given).
 class UICOMPONENTS_EXPORT UxMiniClockPannel : public QFrame, public IUxSkin, public IUxMemory
 {
     Q_OBJECT

@@ -101,6 +101,7 @@ void UxScheduler::Run()
                 ++i;
         }
     }
-    if (!tasks.empty() && !aborted && !timer.isActive())
+    // Pending tasks keep the poll going even when a callback aborted.
+    if (!tasks.empty() && !timer.isActive())
         startPolling();
 }

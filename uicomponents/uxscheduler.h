@@ -19,9 +19,11 @@
 // was missed by more than 2 ms (the event loop was blocked) is never run and
 // stays queued until it is cancelled; later tasks are not held up by it.
 //
-// Our choices: a callback may call Schedule, CancelTask, CancelAll or Abort,
-// and may even delete the scheduler; after Abort the timer stays stopped
-// until the next Schedule (it does not keep polling for nothing).
+// A callback may call Schedule, CancelTask, CancelAll or Abort, and may even
+// delete the scheduler: the walk re-reads the queue after each callback and
+// stops at once when the scheduler is gone, rather than run on freed memory.
+// An Abort from inside a callback leaves the remaining tasks polled (and not
+// run) until the next Schedule.
 // Not thread-safe: call it from the thread it lives in.
 class UICOMPONENTS_EXPORT UxScheduler : public QObject
 {

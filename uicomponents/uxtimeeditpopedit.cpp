@@ -19,9 +19,8 @@ UxTimeEditPopEdit::~UxTimeEditPopEdit()
 
 void UxTimeEditPopEdit::setCalendarPopWidget(QWidget* owner)
 {
+    // Handed to the grid when it is first built.
     m_owner = owner;
-    if (m_popWidget)
-        m_popWidget->setCalendarPopWidget(owner);
 }
 
 void UxTimeEditPopEdit::setDateTime(const QDateTime& min, const QDateTime& max, const QDateTime& current)

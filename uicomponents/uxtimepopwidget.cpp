@@ -34,9 +34,7 @@ void UxTimePopWidget::setupUi()
     setFixedSize(229, m_kind == 0 ? 88 : 148);
     for (int i = 0; i < n; ++i) {
         auto* btn = new QPushButton(QStringLiteral("%1").arg(i, 2, 10, QLatin1Char('0')), this);
-        btn->setObjectName(QStringLiteral("TimePopButton"));
         btn->setFixedSize(20, 20);
-        btn->setFocusPolicy(Qt::NoFocus);
         m_buttons.append(btn);
         flow->addWidget(btn);
         connect(btn, &QPushButton::clicked, this, &UxTimePopWidget::onBtnClicked);
@@ -66,13 +64,7 @@ void UxTimePopWidget::setDateTime(const QDateTime& min, const QDateTime& max, co
             t = QTime(now.hour(), now.minute(), v);
         QDateTime candidate = current;
         candidate.setTime(t);
-        if (!current.isValid()) {
-            btn->setEnabled(true);
-            continue;
-        }
-        const bool aboveMin = !min.isValid() || min <= candidate;
-        const bool belowMax = !max.isValid() || candidate <= max;
-        btn->setEnabled(aboveMin && belowMax);
+        btn->setEnabled(min <= candidate && candidate <= max);
     }
 }
 

@@ -14,10 +14,8 @@ class QPushButton;
 
 // The borderless grid of two-digit buttons behind a time field: "00".."23" for
 // hours (kind 0), "00".."59" for minutes (1) and seconds (2). Buttons whose
-// value would take the time outside [min, max] are disabled.
-//
-// Our choice: a range with no valid current value leaves every button enabled,
-// and a missing (invalid) minimum or maximum bounds nothing on its side.
+// value would take the time outside [min, max] are disabled; an invalid
+// current value or bound compares as Qt compares invalid date-times.
 class UICOMPONENTS_EXPORT UxTimePopWidget : public QWidget, public IUxSkin
 {
     Q_OBJECT
