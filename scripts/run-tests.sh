@@ -9,6 +9,7 @@ bash "$here/scripts/install-deps.sh"
 bash "$here/scripts/build.sh"
 build="${BUILD_DIR:-$here/build}"
 (cd "$build" && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j"$(nproc)")
+bash "$here/scripts/run-tests-qt6.sh"
 [ "${UX_TESTS_QUICK:-0}" = 1 ] && exit 0
 bash "$here/scripts/run-sanitizers.sh"
 bash "$here/scripts/run-fuzz.sh" 20000

@@ -520,7 +520,7 @@ bool UxCalendarTimeWidget::event(QEvent* event)
 
 // --- day cells ---------------------------------------------------------------------
 
-void UxCalendarTimeWidget::paintCell(QPainter* painter, const QRect& rect, const QDate& date) const
+void UxCalendarTimeWidget::paintCell(QPainter* painter, const QRect& rect, UxCellDate date) const
 {
     QFont font = QApplication::font();
     font.setPixelSize(12);

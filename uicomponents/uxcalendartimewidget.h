@@ -2,6 +2,7 @@
 #define UXCALENDARTIMEWIDGET_H
 
 #include "uicomponents_export.h"
+#include "uxqtcompat.h"
 
 #include <QCalendarWidget>
 #include <QColor>
@@ -70,7 +71,7 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
-    void paintCell(QPainter* painter, const QRect& rect, const QDate& date) const override;
+    void paintCell(QPainter* painter, const QRect& rect, UxCellDate date) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private Q_SLOTS:

@@ -1,5 +1,6 @@
 #include "uxviewscrollbarexpand.h"
 
+#include "uxqtcompat.h"
 #include "uxscheduler.h"
 
 #include <QAbstractItemView>
@@ -237,8 +238,7 @@ bool UxViewScrollbarExpand::eventFilter(QObject* watched, QEvent* event)
     if (m_pViewport && watched == m_pViewport) {
         if (event->type() == QEvent::MouseMove) {
             auto* me = static_cast<QMouseEvent*>(event);
-            QMouseEvent mapped(me->type(), m_pViewport->mapTo(m_pView, me->localPos().toPoint()), me->windowPos(),
-                               me->screenPos(), me->button(), me->buttons(), me->modifiers(), me->source());
+            QMouseEvent mapped = UxQtCompat::remapped(me, m_pViewport->mapTo(m_pView, me->pos()));
             tableMouseMoveEvent(&mapped);
         } else if (event->type() == QEvent::Wheel) {
             auto* we = static_cast<QWheelEvent*>(event);

@@ -3,6 +3,7 @@
 #include "nofocusdelegate.h"
 #include "uxfiledialog.h"
 #include "uxmessagebox.h"
+#include "uxqtcompat.h"
 
 #include <QBuffer>
 #include <QCheckBox>
@@ -20,11 +21,11 @@
 #include <QPushButton>
 #include <QStandardItemModel>
 #include <QTemporaryDir>
-#include <QTextCodec>
 #include <QTimer>
 #include <QTreeView>
 
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -679,15 +680,13 @@ private Q_SLOTS:
 
     void chineseTextsIgnoreTheLocaleCodec()
     {
-        QTextCodec* gbk = QTextCodec::codecForName("GBK");
-        if (!gbk)
-            QSKIP("no GBK codec in this Qt build");
-        QTextCodec* previous = QTextCodec::codecForLocale();
-        QTextCodec::setCodecForLocale(gbk);
+        std::unique_ptr<UxQtCompat::LocaleCodecOverride> gbk(new UxQtCompat::LocaleCodecOverride("GBK"));
+        if (!gbk->active())
+            QSKIP("no settable GBK locale codec in this Qt build");
         UxFileDialog dlg;
         dlg.setAcceptMode(QFileDialog::AcceptSave);
         UxMessageBox box(QString(), QString(), QMessageBox::Ok | QMessageBox::No);
-        QTextCodec::setCodecForLocale(previous);
+        gbk.reset();
         QCOMPARE(titleOf(&dlg), QString::fromUtf8("文件保存框"));
         QCOMPARE(dlg.findChild<QPushButton*>(QStringLiteral("sysClose"))->toolTip(), QString::fromUtf8("关闭"));
         QCOMPARE(boxButton(&box, QMessageBox::No)->text(), QString::fromUtf8("取消"));
