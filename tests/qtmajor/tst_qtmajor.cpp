@@ -158,11 +158,11 @@ private Q_SLOTS:
         UxMiniClockPannel clock;
         for (const char* name : {"settingPushButton", "closeBushButton", "timeLabel", "dateLabel", "zoneMenu"})
             QVERIFY2(clock.findChild<QObject*>(QLatin1String(name)), name);
-        auto* timer = clock.findChild<QTimer*>();
-        QVERIFY(timer);
-        // Disconnecting by the same text succeeds only if that connection exists.
-        QVERIFY(QObject::disconnect(timer, "2timeout()", &clock, "1slotUpdateDt()"));
-        QVERIFY(!QObject::disconnect(timer, "2timeout()", &clock, "1slotUpdateDt()"));
+        // Disconnecting by the same text succeeds only where that connection exists.
+        int connected = 0;
+        for (QTimer* timer : clock.findChildren<QTimer*>())
+            connected += QObject::disconnect(timer, "2timeout()", &clock, "1slotUpdateDt()") ? 1 : 0;
+        QCOMPARE(connected, 1);
     }
 };
 
