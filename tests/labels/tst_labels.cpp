@@ -471,7 +471,8 @@ private Q_SLOTS:
         // "a b" differs from "ab" only after the first letter.
         const int charWidth = QFontMetrics(font).horizontalAdvance(QLatin1Char('a'));
         QCOMPARE(inkIn(spaced, 0, 40).left, inkIn(plain, 0, 40).left);
-        QCOMPARE(inkIn(spaced, 0, 40).right, inkIn(plain, 0, 40).right + charWidth);
+        // Qt 6 places glyphs at fractional advances: the ink edge may round one pixel further.
+        QVERIFY(qAbs(inkIn(spaced, 0, 40).right - (inkIn(plain, 0, 40).right + charWidth)) <= 1);
     }
 
     // --- filter tool button -------------------------------------------------
