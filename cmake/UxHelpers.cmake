@@ -1,5 +1,31 @@
 # Small helpers shared by the library targets.
 
+# The Qt major the whole tree builds against (-DUX_QT_MAJOR=5|6). Targets are
+# named through it (Qt${UX_QT_MAJOR}::Widgets). A Qt 6 build installs beside a
+# Qt 5 one in the same prefix, as Qt's own libraries do: the package, the
+# library files and the header and data folders carry the suffix "6"; a Qt 5
+# build keeps the plain names.
+set(UX_QT_MAJOR 5 CACHE STRING "Qt major version to build against (5 or 6)")
+set_property(CACHE UX_QT_MAJOR PROPERTY STRINGS 5 6)
+if(UX_QT_MAJOR STREQUAL "5")
+    set(UX_QT_MIN_VERSION 5.15)
+    set(UX_QT_SUFFIX "")
+elseif(UX_QT_MAJOR STREQUAL "6")
+    set(UX_QT_MIN_VERSION 6.2)
+    set(UX_QT_SUFFIX "6")
+else()
+    message(FATAL_ERROR "UX_QT_MAJOR must be 5 or 6, not '${UX_QT_MAJOR}'")
+endif()
+set(UX_PACKAGE_NAME "UiComponents${UX_QT_SUFFIX}")
+# Installed headers: <prefix>/include/uicomponents/ for Qt 5; for Qt 6 one
+# folder deeper, so clients of both majors still write <uicomponents/x.h>.
+if(UX_QT_SUFFIX)
+    set(UX_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}/uicomponents${UX_QT_SUFFIX}")
+else()
+    set(UX_INSTALL_INCLUDEDIR "${CMAKE_INSTALL_INCLUDEDIR}")
+endif()
+set(UX_INSTALL_DATADIR "${CMAKE_INSTALL_DATADIR}/uicomponents${UX_QT_SUFFIX}")
+
 # Warnings that must stay at zero for our own code.
 function(ux_target_warnings target)
     target_compile_options(${target} PRIVATE -Wall -Wextra)

@@ -60,7 +60,7 @@ void SoakDriver::tick()
 {
     auto* page = qobject_cast<QuotesPage*>(m_window->pages().at(0).widget);
     const qint64 owed = m_clock.elapsed() - qint64(m_ticks);
-    const int changes = int(qBound<qint64>(0, owed, 500));
+    const int changes = int(qBound(qint64(0), owed, qint64(500)));
     if (changes == 0)
         return;
     page->tick(changes);

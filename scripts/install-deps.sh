@@ -3,6 +3,15 @@
 # only those that are missing. Safe to run again.
 set -euo pipefail
 
+# The argument "qt6" (or UX_QT_MAJOR=6 in the environment) adds Debian's Qt 6
+# for the second build; other arguments are further package names.
+qt6=(qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-l10n-tools)
+extra=()
+for a in "$@"; do
+    if [ "$a" = qt6 ]; then extra+=("${qt6[@]}"); else extra+=("$a"); fi
+done
+[ "${UX_QT_MAJOR:-5}" = 6 ] && extra+=("${qt6[@]}")
+
 packages=(
     build-essential cmake ninja-build ccache pkg-config
     qtbase5-dev qtbase5-dev-tools
@@ -11,7 +20,7 @@ packages=(
     xvfb xauth
     fonts-wqy-microhei
     faketime
-    "$@"
+    "${extra[@]}"
 )
 
 missing=()

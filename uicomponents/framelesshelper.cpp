@@ -1,5 +1,6 @@
 #include "framelesshelper.h"
 #include "framelesshelper_p.h"
+#include "uxqtcompat.h"
 
 #include <QDebug>
 #include <QHoverEvent>
@@ -150,8 +151,8 @@ void FramelessTargetData::handleMousePress(QMouseEvent* e)
     m_leftButtonTitlePressed = e->pos().y() < int(g_titleHeight);
 
     const QRect frame = frameGeometry();
-    m_pressedHits.update(e->globalPos(), frame, int(g_borderWidth));
-    m_dragPos = e->globalPos() - frame.topLeft();
+    m_pressedHits.update(UxQtCompat::globalPos(e), frame, int(g_borderWidth));
+    m_dragPos = UxQtCompat::globalPos(e) - frame.topLeft();
 
     if (!m_rubberBand)
         return;
@@ -179,11 +180,11 @@ void FramelessTargetData::handleMouseMove(QMouseEvent* e)
 {
     if (m_leftButtonPressed) {
         if (m_state->widgetResizable && m_pressedHits.onEdges())
-            resizeTo(e->globalPos());
+            resizeTo(UxQtCompat::globalPos(e));
         else if (m_state->widgetMovable && m_leftButtonTitlePressed)
-            moveTo(e->globalPos());
+            moveTo(UxQtCompat::globalPos(e));
     } else if (m_state->widgetResizable) {
-        updateCursorShape(e->globalPos());
+        updateCursorShape(UxQtCompat::globalPos(e));
     }
 }
 
@@ -197,7 +198,7 @@ void FramelessTargetData::handleHoverMove(QHoverEvent* e)
 {
     if (!m_state->widgetResizable)
         return;
-    updateCursorShape(m_widget ? m_widget->mapToGlobal(e->pos()) : m_window->mapToGlobal(e->pos()));
+    updateCursorShape(m_widget ? m_widget->mapToGlobal(UxQtCompat::pos(e)) : m_window->mapToGlobal(UxQtCompat::pos(e)));
 }
 
 void FramelessTargetData::moveTo(const QPoint& globalPos)

@@ -56,7 +56,7 @@ bool UxBottomLabel::event(QEvent* e)
     return QLabel::event(e);
 }
 
-void UxBottomLabel::enterEvent(QEvent* e)
+void UxBottomLabel::enterEvent(UxEnterEvent* e)
 {
     setCursor(Qt::PointingHandCursor);
     emit signalHovered(true);

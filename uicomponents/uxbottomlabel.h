@@ -3,6 +3,7 @@
 
 #include "uicomponents_export.h"
 #include "uxmessagedefines.h"
+#include "uxqtcompat.h"
 
 #include <QColor>
 #include <QLabel>
@@ -33,7 +34,7 @@ public Q_SLOTS:
 
 protected:
     bool event(QEvent* e) override;
-    void enterEvent(QEvent* e) override;
+    void enterEvent(UxEnterEvent* e) override;
     void leaveEvent(QEvent* e) override;
     void mousePressEvent(QMouseEvent* e) override;
     void mouseReleaseEvent(QMouseEvent* e) override;

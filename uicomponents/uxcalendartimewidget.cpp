@@ -541,7 +541,7 @@ void UxCalendarTimeWidget::retranslate()
 
 // --- day cells ---------------------------------------------------------------------
 
-void UxCalendarTimeWidget::paintCell(QPainter* painter, const QRect& rect, const QDate& date) const
+void UxCalendarTimeWidget::paintCell(QPainter* painter, const QRect& rect, UxCellDate date) const
 {
     QFont font = QApplication::font();
     font.setPixelSize(12);

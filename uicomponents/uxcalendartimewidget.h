@@ -2,6 +2,7 @@
 #define UXCALENDARTIMEWIDGET_H
 
 #include "uicomponents_export.h"
+#include "uxqtcompat.h"
 
 #include <QCalendarWidget>
 #include <QColor>
@@ -76,7 +77,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent* event) override;
-    void paintCell(QPainter* painter, const QRect& rect, const QDate& date) const override;
+    void paintCell(QPainter* painter, const QRect& rect, UxCellDate date) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private Q_SLOTS:

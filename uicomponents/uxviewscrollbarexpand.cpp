@@ -1,5 +1,6 @@
 #include "uxviewscrollbarexpand.h"
 
+#include "uxqtcompat.h"
 #include "uxscheduler.h"
 
 #include <QAbstractItemView>

@@ -1,4 +1,5 @@
 #include "uxframelesshelper.h"
+#include "uxqtcompat.h"
 
 #include <QMouseEvent>
 #include <QWidget>
@@ -84,7 +85,7 @@ bool UxFramelessHelper::handlePress(QMouseEvent* e)
     const bool inTitle = m_titleHeight == 0 || e->pos().y() < m_titleHeight;
     if (!m_resizeEdges && !(m_movable && inTitle))
         return false;
-    m_pressGlobal = e->globalPos();
+    m_pressGlobal = UxQtCompat::globalPos(e);
     m_pressGeometry = m_widget->geometry();
     m_dragging = true;
     return true;
@@ -96,7 +97,7 @@ bool UxFramelessHelper::handleMove(QMouseEvent* e)
         updateCursor(edgesAt(e->pos()));
         return false;
     }
-    const QPoint delta = e->globalPos() - m_pressGlobal;
+    const QPoint delta = UxQtCompat::globalPos(e) - m_pressGlobal;
     if (!m_resizeEdges) {
         QWindow* handle = m_widget->window()->windowHandle();
         if (handle && handle->startSystemMove()) {

@@ -1,5 +1,6 @@
 #include "uxtestenv.h"
 
+#include <QCursor>
 #include <QDir>
 #include <QMouseEvent>
 #include <QFile>
@@ -65,6 +66,9 @@ void initEnvironment()
     UxCore::instance()->setSkinRoot(skinRoot());
     UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
     UxCfg::instance()->setPath(QString(), configDir());
+    // Qt 6 sends Enter to a window shown under the pointer; keep the pointer
+    // off every test window so hover starts only when a test sends it.
+    QCursor::setPos(-10000, -10000);
 }
 
 void spin(int ms)

@@ -2,6 +2,7 @@
 
 #include "uxfiledialog.h"
 #include "uxmessagebox.h"
+#include "uxqtcompat.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -14,6 +15,7 @@
 #include <QTreeView>
 
 #include <functional>
+#include <memory>
 
 namespace {
 

@@ -1,6 +1,7 @@
 #ifndef UXTABLEMODEL_H
 #define UXTABLEMODEL_H
 
+#include "uxqtcompat.h"
 #include "uxtabledefines.h"
 
 #include <QAbstractTableModel>
@@ -103,9 +104,9 @@ private:
         int market;
         bool operator==(const RowId& o) const { return market == o.market && code == o.code && key == o.key; }
     };
-    friend uint qHash(const RowId& id, uint seed)
+    friend UxHashSeed qHash(const RowId& id, UxHashSeed seed)
     {
-        uint h = qHash(id.code, seed);
+        UxHashSeed h = qHash(id.code, seed);
         h ^= qHash(id.key, seed) + 0x9e3779b9u + (h << 6) + (h >> 2);
         h ^= qHash(id.market, seed) + 0x9e3779b9u + (h << 6) + (h >> 2);
         return h;
