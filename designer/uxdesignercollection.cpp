@@ -80,7 +80,7 @@ UxDesignerCollection::UxDesignerCollection(QObject* parent)
          factory<UxCalendarTimeWidget>(), false, QString()},
         {"UxCalendarTimeEdit", "calendarTimeEdit", dateTime, "Date line edit with a drop-down calendar", 160, 32,
          factory<UxCalendarTimeEdit>(), false, QString()},
-        {"UxDateTimeEdit", "dateTimeEdit", dateTime, "Date edit with the library's calendar pop-up", 160, 32,
+        {"UxDateTimeEdit", "dateTimeEdit", dateTime, "Date-time edit with the library's calendar pop-up", 210, 32,
          factory<UxDateTimeEdit>(), false, QString()},
         {"UxMiniClockPannel", "miniClockPannel", dateTime, "Mini clock with a time-zone menu", 360, 140,
          factory<UxMiniClockPannel>(), false, QString()},

@@ -77,6 +77,11 @@ private slots:
             return Factory([mode](QWidget*) -> QWidget* {
                 auto* dlg = new UxFileDialog;
                 dlg->setAcceptMode(mode);
+                // setAcceptMode leaves Qt's own button captions; a language
+                // change puts the dialog's own on, so start from that state.
+                QEvent change(QEvent::LanguageChange);
+                QCoreApplication::sendEvent(dlg, &change);
+                QCoreApplication::sendPostedEvents();
                 return dlg;
             });
         };
@@ -96,7 +101,11 @@ private slots:
             dlg->setTitle(0, QStringLiteral("Quotes"));
             return dlg;
         }) << QStringLiteral("置顶");
-        QTest::newRow("mini clock") << Factory([](QWidget*) -> QWidget* { return new UxMiniClockPannel; })
+        QTest::newRow("mini clock") << Factory([](QWidget*) -> QWidget* {
+            auto* clock = new UxMiniClockPannel;
+            clock->slotUpdateDt();
+            return clock;
+        })
                                     << QStringLiteral("北京");
         QTest::newRow("mini clock, host names") << Factory([](QWidget*) -> QWidget* {
             auto* clock = new UxMiniClockPannel;

@@ -303,8 +303,11 @@ bool UxFileDialog::event(QEvent* event)
     // After the base class: the embedded chooser resets its own texts when the
     // event reaches it, and ours must win.
     const bool result = QDialog::event(event);
-    if (event->type() == QEvent::LanguageChange)
+    if (event->type() == QEvent::LanguageChange) {
         retranslate();
+        // The chooser may see the change after us and reset its buttons.
+        QMetaObject::invokeMethod(this, [this] { updateButtons(); }, Qt::QueuedConnection);
+    }
     return result;
 }
 
