@@ -294,8 +294,11 @@ private slots:
         UxCore::instance()->setCurrentSkin(QString::fromLatin1(QTest::currentDataTag()).section(' ', 0, 0));
         cal.setSelectedDate(today.addDays(-14));
         QDate date = which == "selected" ? cal.selectedDate() : which == "outside" ? QDate(1899, 12, 20) : which == "today" ? today : today.addDays(-7);
-        while (which.startsWith("week") && (date.dayOfWeek() >= 6) != (which == "weekend"))
-            date = date.addDays(-1);
+        // Weekday and weekend cells come from the shown month, whatever today is.
+        if (which.startsWith("week"))
+            for (date = cal.selectedDate().addDays(1 - cal.selectedDate().day());
+                 date == cal.selectedDate() || (date.dayOfWeek() >= 6) != (which == "weekend");)
+                date = date.addDays(1);
         QImage img(40, 30, QImage::Format_RGB32);
         img.fill(Qt::magenta);
         QPainter p(&img);
