@@ -85,7 +85,8 @@ if [ ${#failed[@]} -gt 0 ]; then
     exit 1
 fi
 
-# A pass against another Qt major belongs here, one line.
+# The plain suites once more against Qt 6.
+phase "Qt 6 suites" bash "$here/scripts/run-tests-qt6.sh"
 
 echo "== waiting for the sanitizer and fuzz builds"
 if ! wait "$builds"; then

@@ -72,7 +72,7 @@ void click(QWidget* w)
 QPair<int, int> rollTimer(QObject* ticker)
 {
     const auto timers = QAbstractEventDispatcher::instance()->registeredTimers(ticker);
-    return timers.size() == 1 ? qMakePair(timers[0].interval, int(timers[0].timerType)) : qMakePair(-1, timers.size());
+    return timers.size() == 1 ? qMakePair(timers[0].interval, int(timers[0].timerType)) : qMakePair(-1, int(timers.size()));
 }
 
 // Columns [first, last] holding dark ink in rows [top, top + height).

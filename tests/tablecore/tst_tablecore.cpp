@@ -823,7 +823,9 @@ void TstTableCore::delegateKeepsModelColourWhenSelected()
     QCOMPARE(changeColor ? white : red, 0);
     // The bottom rule in the view's alternate-base colour.
     QCOMPARE(image.pixelColor(60, 29), QColor(0, 200, 0));
-    QCOMPARE(image.pixelColor(60, 28), QColor(0, 0, 255));
+    // The highlight above it (Qt 6 sets text one pixel shorter than Qt 5, so
+    // its last row is 27 or 28).
+    QCOMPARE(image.pixelColor(60, 27).name() + image.pixelColor(60, 26).name(), QStringLiteral("#0000ff#0000ff"));
 }
 
 
