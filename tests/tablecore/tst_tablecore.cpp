@@ -377,7 +377,9 @@ void TstTableCore::sortStatesAndArrows()
     model.toggleSortState(3);
     QCOMPARE(caption(3), QStringLiteral("Now↑"));
     QVERIFY(headerSpy.count() >= 3);
+    headerSpy.clear();
     model.setSortIndicatorShown(false);
+    QCOMPARE(headerSpy.count(), 1);
     QCOMPARE(caption(3), QStringLiteral("Now"));
     model.setSortIndicatorShown(true);
     // Another column takes the arrow away from the first.
@@ -895,6 +897,9 @@ void TstTableCore::frozenViewGeometryAndSync()
     view.setColumnWidth(5, 300);
     QVERIFY(frozen->isColumnHidden(5));
     QCOMPARE(frozen->width(), 60 + 200 + 100);
+    view.setFrozenViewColumnHidden(5, false); // only columns 0-2 follow
+    QVERIFY(frozen->columnWidth(5) != 300);
+    view.setFrozenViewColumnHidden(5, true);
 
     view.resize(900, 400);
     QTRY_COMPARE(frozen->geometry(), expectedGeometry());
@@ -1084,6 +1089,7 @@ void TstTableCore::headerClickWhenSortingLocally()
     // A click turns the captions' arrows back on.
     QCOMPARE(view.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Code↑"));
     QVERIFY(!view.horizontalHeader()->isSortIndicatorShown());
+    QVERIFY(!view.frozenView()->horizontalHeader()->isSortIndicatorShown());
 }
 
 void TstTableCore::keys()
