@@ -1,4 +1,5 @@
 #include "uxbaseshadowwidget.h"
+#include "uxscaledpixmap.h"
 
 #include <QDebug>
 #include <QPainter>
@@ -24,14 +25,16 @@ void paintShadowFrame(QPainter* painter, const QRect& rect, int b)
     const QRect right(w - b, b, b, h - 2 * b);
 
     // Loaded on every paint: the host may swap the images with the skin.
-    painter->drawPixmap(topLeft, QPixmap(QStringLiteral(":/bg/shadow_top_left.png")));
-    painter->drawPixmap(left, QPixmap(QStringLiteral(":/bg/shadow_left.png")));
-    painter->drawPixmap(bottomLeft, QPixmap(QStringLiteral(":/bg/shadow_bottom_left.png")));
-    painter->drawPixmap(top, QPixmap(QStringLiteral(":/bg/shadow_top.png")));
-    painter->drawPixmap(bottom, QPixmap(QStringLiteral(":/bg/shadow_bottom.png")));
-    painter->drawPixmap(right, QPixmap(QStringLiteral(":/bg/shadow_right.png")));
-    painter->drawPixmap(topRight, QPixmap(QStringLiteral(":/bg/shadow_top_right.png")));
-    painter->drawPixmap(bottomRight, QPixmap(QStringLiteral(":/bg/shadow_bottom_right.png")));
+    const qreal ratio = painter->device() ? painter->device()->devicePixelRatioF() : 1.0;
+    const auto piece = [ratio](const char* name) { return UxScaledPixmap::load(QLatin1String(name), ratio); };
+    painter->drawPixmap(topLeft, piece(":/bg/shadow_top_left.png"));
+    painter->drawPixmap(left, piece(":/bg/shadow_left.png"));
+    painter->drawPixmap(bottomLeft, piece(":/bg/shadow_bottom_left.png"));
+    painter->drawPixmap(top, piece(":/bg/shadow_top.png"));
+    painter->drawPixmap(bottom, piece(":/bg/shadow_bottom.png"));
+    painter->drawPixmap(right, piece(":/bg/shadow_right.png"));
+    painter->drawPixmap(topRight, piece(":/bg/shadow_top_right.png"));
+    painter->drawPixmap(bottomRight, piece(":/bg/shadow_bottom_right.png"));
 
     painter->setBrush(QBrush(QColor(QStringLiteral("#ffffff"))));
     painter->setPen(Qt::NoPen);

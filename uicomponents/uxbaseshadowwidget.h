@@ -14,6 +14,7 @@ class QPaintEvent;
 //
 // The images are read from ":/bg/shadow_top_left.png" ... ":/bg/shadow_bottom_right.png",
 // which the host application registers; a missing image leaves its piece out.
+// On a device above 100% each piece's "@2x" sibling is used where it exists.
 //
 // paintEvent() paints the same thing as drawFrame() without calling it, so
 // overriding drawFrame() changes only what its callers get, never the widget's

@@ -1,4 +1,5 @@
 #include "uxmessagebox.h"
+#include "uxscaledpixmap.h"
 #include "ui_uxmessagebox.h"
 
 #include "uxcore.h"
@@ -217,9 +218,11 @@ void UxMessageBox::paintEvent(QPaintEvent* event)
         QRect(w - s, 0, s, s),     QRect(w - s, h - s, s, s),
     };
     UxCore* core = UxCore::instance();
+    const qreal ratio = painter.device()->devicePixelRatioF();
     for (int i = 0; i < 8; ++i) {
         // A piece the skin lacks is simply left out.
-        const QPixmap piece(core->getCurrentSkinPath(QLatin1String(kShadowImages[i])));
+        const QPixmap piece =
+            UxScaledPixmap::load(core->getCurrentSkinPath(QLatin1String(kShadowImages[i])), ratio);
         if (!piece.isNull())
             painter.drawPixmap(pieces[i], piece);
     }

@@ -21,8 +21,9 @@ class UxMessageBox;
 // The client's skinned message box: a frameless, movable, translucent modal
 // dialog with its own title bar, a centred message, a centred row of standard
 // buttons and an optional check box under them. It paints an eight-piece
-// shadow from the skin ("bg/shadow_*.png") and a white panel inside it; the
-// sheet "controls/messagebox.css" styles the rest.
+// shadow from the skin ("bg/shadow_*.png", their "@2x" siblings above 100%)
+// and a white panel inside it; the sheet "controls/messagebox.css" styles the
+// rest.
 //
 // exec() and the static helpers return the standard value of the button that
 // closed the box, QMessageBox::NoButton (0) when it was closed by its close

@@ -1,0 +1,161 @@
+// High-DPI: every drawn bitmap has a sharp "@2x" sibling, and the shadows
+// pick it on a 200% screen. Runs with QT_SCALE_FACTOR=2.
+#include "uxbaseshadowwidget.h"
+#include "uxmessagebox.h"
+#include "uxtestenv.h"
+
+#include <QBuffer>
+#include <QDirIterator>
+#include <QImage>
+#include <QPainter>
+
+namespace {
+
+const char* const kPieces[] = {"top_left", "left", "bottom_left", "top", "bottom", "right", "top_right", "bottom_right"};
+
+// The stand-ins' colours (tst_hidpi.qrc): plain at 100%, inverted in "@2x".
+QColor pieceColour(int piece, bool sharp)
+{
+    static const QColor colours[] = {QColor(255, 0, 0),   QColor(0, 255, 0), QColor(0, 0, 255),
+                                     QColor(255, 255, 0), QColor(0, 255, 255), QColor(255, 0, 255),
+                                     QColor(128, 0, 0),   QColor(0, 128, 0)};
+    const QColor c = colours[piece];
+    return sharp ? QColor(255 - c.red(), 255 - c.green(), 255 - c.blue()) : c;
+}
+
+QByteArray solidPng(const QSize& size, const QColor& colour)
+{
+    QImage image(size, QImage::Format_ARGB32);
+    image.fill(colour);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return bytes;
+}
+
+// Logical points inside each piece of a W x H frame with border B, in kPieces order.
+QPoint pieceProbe(int piece, int w, int h, int b)
+{
+    const int mx = w / 2, my = h / 2, lo = b / 2, hx = w - b / 2 - 1, hy = h - b / 2 - 1;
+    const QPoint probes[] = {{lo, lo}, {lo, my}, {lo, hy}, {mx, lo}, {mx, hy}, {hx, my}, {hx, lo}, {hx, hy}};
+    return probes[piece];
+}
+
+// The first piece whose probe does not show EXPECTED, or -1.
+int wrongPiece(const QImage& image, qreal ratio, int b, bool sharp)
+{
+    const int w = qRound(image.width() / ratio), h = qRound(image.height() / ratio);
+    for (int i = 0; i < 8; ++i) {
+        const QPoint p = pieceProbe(i, w, h, b) * ratio;
+        if (image.pixelColor(p).rgb() != pieceColour(i, sharp).rgb())
+            return i;
+    }
+    return -1;
+}
+
+} // namespace
+
+class TestHiDpi : public QObject
+{
+    Q_OBJECT
+private slots:
+    void screenIsDoubled()
+    {
+        QWidget w;
+        QCOMPARE(w.devicePixelRatioF(), 2.0);
+    }
+
+    // Skins and compiled-in images: each has a sibling of exactly twice its size.
+    void siblings_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("skins") << QStringLiteral("skins");
+        QTest::newRow("library resources") << QStringLiteral("uicomponents/resources");
+        QTest::newRow("designer icons") << QStringLiteral("designer/icons");
+    }
+    void siblings()
+    {
+        QFETCH(QString, folder);
+        const QString root = qEnvironmentVariable("UX_SOURCE_DIR") + QLatin1Char('/') + folder;
+        int checked = 0;
+        QStringList wrong;
+        QDirIterator it(root, {QStringLiteral("*.png")}, QDir::Files, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString path = it.next();
+            if (path.endsWith(QLatin1String("@2x.png")))
+                continue;
+            const QImage plain(path);
+            const QImage sharp(path.left(path.size() - 4) + QLatin1String("@2x.png"));
+            if (plain.isNull() || sharp.size() != plain.size() * 2)
+                wrong << path.mid(root.size() + 1);
+            ++checked;
+        }
+        QVERIFY2(checked > 0, qPrintable(root));
+        QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QLatin1String(", "))));
+    }
+
+    // The frame draws into whatever device it is given: the device's ratio picks the file.
+    void shadowFrame_data()
+    {
+        QTest::addColumn<qreal>("ratio");
+        QTest::addColumn<bool>("sharp");
+        QTest::newRow("100% image") << 1.0 << false;
+        QTest::newRow("200% image") << 2.0 << true;
+        QTest::newRow("150% image") << 1.5 << true;
+    }
+    void shadowFrame()
+    {
+        QFETCH(qreal, ratio);
+        QFETCH(bool, sharp);
+        UxBaseShadowWidget frame;
+        frame.resize(120, 90);
+        QImage image(frame.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(ratio);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        frame.drawFrame(&painter);
+        painter.end();
+        QCOMPARE(wrongPiece(image, ratio, 8, sharp), -1);
+    }
+
+    void shadowFrameOnScreen()
+    {
+        UxBaseShadowWidget frame;
+        frame.setWindowBorderWidth(12);
+        frame.resize(120, 90);
+        const QImage image = frame.grab().toImage();
+        QCOMPARE(image.size(), QSize(240, 180));
+        QCOMPARE(wrongPiece(image, 2.0, 12, true), -1);
+    }
+
+    // The message box reads its pieces from the skin; a skin without "@2x" files still gets its plain ones.
+    void messageBoxShadow_data()
+    {
+        QTest::addColumn<bool>("withSharp");
+        QTest::newRow("skin with @2x") << true;
+        QTest::newRow("skin without @2x") << false;
+    }
+    void messageBoxShadow()
+    {
+        QFETCH(bool, withSharp);
+        QMap<QString, QByteArray> files;
+        for (int i = 0; i < 8; ++i) {
+            const QString name = QStringLiteral("bg/shadow_%1").arg(QLatin1String(kPieces[i]));
+            files.insert(name + QLatin1String(".png"), solidPng(QSize(4, 4), pieceColour(i, false)));
+            if (withSharp)
+                files.insert(name + QLatin1String("@2x.png"), solidPng(QSize(8, 8), pieceColour(i, true)));
+        }
+        const QString skin = withSharp ? QStringLiteral("hidpi-sharp") : QStringLiteral("hidpi-plain");
+        UxTest::writeSkin(skin, files);
+        UxCore::instance()->setCurrentSkin(skin);
+        UxMessageBox box(QStringLiteral("t"), QStringLiteral("x"), QMessageBox::Ok, nullptr);
+        const QImage image = box.grab().toImage();
+        UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
+        QCOMPARE(image.size(), box.size() * 2);
+        QCOMPARE(wrongPiece(image, 2.0, 4, withSharp), -1);
+    }
+};
+
+UX_TEST_MAIN(TestHiDpi)
+#include "tst_hidpi.moc"
