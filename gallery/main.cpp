@@ -1,6 +1,7 @@
 // The gallery client: a small but real host of the library.
 //   uicomponents-gallery                    opens the window
 //   uicomponents-gallery --screenshots DIR  writes DIR/<page>-<skin>.png and exits
+//   uicomponents-gallery --language en      starts with the English translation
 
 #include "gallerywindow.h"
 #include "soakdriver.h"
@@ -29,7 +30,11 @@ int main(int argc, char** argv)
     const QCommandLineOption soak(QStringLiteral("soak"),
                                   QStringLiteral("Run a compressed trading day for <seconds> and report memory."),
                                   QStringLiteral("seconds"));
+    const QCommandLineOption language(QStringLiteral("language"),
+                                      QStringLiteral("Language of the library's widgets: zh (default) or en."),
+                                      QStringLiteral("code"), QStringLiteral("zh"));
     parser.addOption(shots);
+    parser.addOption(language);
     parser.addOption(soak);
     parser.addOption(skin);
     parser.process(app);
@@ -50,6 +55,8 @@ int main(int argc, char** argv)
     core->setCurrentSkin(parser.value(skin));
 
     GalleryWindow window;
+    if (parser.value(language) != QLatin1String("zh"))
+        window.switchLanguage(parser.value(language));
     window.show();
     if (parser.isSet(shots))
         return window.writeScreenshots(parser.value(shots)) ? 0 : 1;
