@@ -12,8 +12,29 @@
 #include <uicomponents/uxlooplabels.h>
 
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QImage>
 #include <QTableView>
+
+#include <cmath>
+
+namespace {
+
+// WCAG relative luminance and contrast ratio.
+double luminance(const QColor& c)
+{
+    const auto channel = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
+    return 0.2126 * channel(c.redF()) + 0.7152 * channel(c.greenF()) + 0.0722 * channel(c.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double la = luminance(a), lb = luminance(b);
+    return (qMax(la, lb) + 0.05) / (qMin(la, lb) + 0.05);
+}
+
+} // namespace
 
 class TstGallery : public QObject
 {
@@ -40,6 +61,37 @@ private slots:
         QCOMPARE(a.tick(0, 50, 20), b.tick(0, 50, 20));
         QCOMPARE(a.rows(490, 100).size(), 10);
         QCOMPARE(a.rows(-2, 5), a.rows(0, 3));
+    }
+
+    // The column file's tints under each skin: untouched on the white table; on
+    // the dark ones a dim tint of the same hue under a brighter, legible price.
+    void tintsReadOnEverySkin_data()
+    {
+        QTest::addColumn<QString>("skin");
+        QTest::addColumn<QString>("direction");
+        for (const char* skin : {"light", "dark", "black"})
+            for (const char* direction : {"rise", "fall"})
+                QTest::newRow(qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(skin), QLatin1String(direction))))
+                    << QString::fromLatin1(skin) << QString::fromLatin1(direction);
+    }
+    void tintsReadOnEverySkin()
+    {
+        QFETCH(QString, skin);
+        QFETCH(QString, direction);
+        const QJsonObject file = QJsonDocument::fromJson(UxTest::readFile(
+            qEnvironmentVariable("UX_SOURCE_DIR") + QStringLiteral("/gallery/config/hsstocktemplatetable.json"))).object();
+        const QColor text(file.value(direction + QStringLiteral("Color")).toString());
+        const QColor tint(file.value(direction + QStringLiteral("BgColor")).toString());
+        QVERIFY(text.isValid() && tint.isValid());
+        const QColor shown = QuotesPage::tintForSkin(tint, skin);
+        if (skin == QLatin1String("light")) {
+            QCOMPARE(shown, tint);
+            return;
+        }
+        QVERIFY2(luminance(shown) < luminance(text), qPrintable(shown.name()));
+        QVERIFY2(contrast(shown, text) >= 3.0, qPrintable(QString::number(contrast(shown, text))));
+        QVERIFY2(contrast(shown, QColor(Qt::black)) >= 1.15, qPrintable(shown.name())); // still visible as a tint
+        QVERIFY(qAbs(shown.hsvHue() - tint.hsvHue()) <= 2);
     }
 
     void unitsKeepADecimalPoint_data()
