@@ -11,17 +11,17 @@ class QPropertyAnimation;
 class QPainter;
 class QTransform;
 
-// A stacked widget that changes pages with a slide: while the animation runs
-// it paints snapshots of the new and the old page moving together, and only
-// when it finishes does the current page really change and
-// signalFrameIndexChanged() report it.
-//
-// setLength() sets the travel; a resize sets it from the new width, for the
-// vertical directions too. The direction is RightToLeft until setLength()
-// chooses another. A paused widget refuses new transitions, and after stop()
-// every start() is refused until resetNum(). start() with an index that names
-// no page is refused as well (and logged): there is no page to place and slide
-// in, and reporting that index would hand clients a page that does not exist.
+/// A stacked widget that changes pages with a slide: while the animation runs
+/// it paints snapshots of the new and the old page moving together, and only
+/// when it finishes does the current page really change and
+/// signalFrameIndexChanged() report it.
+///
+/// setLength() sets the travel; a resize sets it from the new width, for the
+/// vertical directions too. The direction is RightToLeft until setLength()
+/// chooses another. A paused widget refuses new transitions, and after stop()
+/// every start() is refused until resetNum(). start() with an index that names
+/// no page is refused as well (and logged): there is no page to place and slide
+/// in, and reporting that index would hand clients a page that does not exist.
 class UICOMPONENTS_EXPORT UxAnimationStackedWidget : public QStackedWidget
 {
     Q_OBJECT

@@ -8,14 +8,14 @@
 #include <QColor>
 #include <QLabel>
 
-// One line of the message ticker: date, time and text of a message in one
-// colour, elided at the right to half the main window's width (half the
-// parent's width when the client has no main window; shown whole when there
-// is neither). The tooltip shows the whole line. A click reports the message;
-// entering and leaving report the hover.
-//
-// The click is reported last: a receiver may delete the line (with the whole
-// status bar) from inside it.
+/// One line of the message ticker: date, time and text of a message in one
+/// colour, elided at the right to half the main window's width (half the
+/// parent's width when the client has no main window; shown whole when there
+/// is neither). The tooltip shows the whole line. A click reports the message;
+/// entering and leaving report the hover.
+///
+/// The click is reported last: a receiver may delete the line (with the whole
+/// status bar) from inside it.
 class UICOMPONENTS_EXPORT UxBottomLabel : public QLabel
 {
     Q_OBJECT

@@ -11,15 +11,15 @@ class BackPaintWidget;
 class QAction;
 class UxCalendarTimeWidget;
 
-// A line edit with a calendar icon that shows the chosen date ("yyyy-MM-dd")
-// or date and time ("yyyy-MM-dd hh:mm:ss") and drops a calendar frame under
-// itself (above itself when the screen's bottom is near). "清空" leaves an
-// empty text and the cleared marker value (seconds since the epoch
-// 0xFFFFFFFF), not a null date-time.
-//
-// The minimum can only be raised through setCalendarMinDate, and raising it
-// moves the value to the new minimum. Text typed by hand is not parsed back.
-// The icon is taken from the skin in force at construction.
+/// A line edit with a calendar icon that shows the chosen date ("yyyy-MM-dd")
+/// or date and time ("yyyy-MM-dd hh:mm:ss") and drops a calendar frame under
+/// itself (above itself when the screen's bottom is near). "清空" leaves an
+/// empty text and the cleared marker value (seconds since the epoch
+/// 0xFFFFFFFF), not a null date-time.
+///
+/// The minimum can only be raised through setCalendarMinDate, and raising it
+/// moves the value to the new minimum. Text typed by hand is not parsed back.
+/// The icon is taken from the skin in force at construction.
 class UICOMPONENTS_EXPORT UxCalendarTimeEdit : public QLineEdit, public IUxSkin
 {
     Q_OBJECT

@@ -14,28 +14,28 @@ class QLabel;
 class QPushButton;
 class UxTimeEditPopEdit;
 
-// The month calendar of the date edits: its own top bar (year and month
-// buttons and combo boxes), an optional time row (hour, minute and second
-// fields with pop-up grids) and an optional bottom bar ("现在", "清空",
-// "确定"). Day cells are painted here, in colours that follow the host's skin.
-// The chosen value leaves only through signalSetCalendarTime and
-// signalClearDateTime.
-//
-// Navigation forward stops at today; backward at the minimum date's year. The
-// year list leaves out the maximum year when the range spans several years.
-//
-// The time row stays empty until a bound is set, a day is clicked or a value
-// is picked. The header formats take the colours in force at construction and
-// at each skin change.
-//
-// Bad input: a combo text that is not a number reads as 0, and the forward
-// buttons also need that year and month to make a valid date, so such a text
-// never turns the page by button. An invalid bound passed to
-// setCalendarMinDate/setCalendarMaxDate is logged and ignored.
-//
-// The texts follow the installed translation, live; the calendar's locale is
-// the translation of the text "zh_CN" in this class's context (the English
-// translation gives "en_US"); with no translation it is the Chinese locale.
+/// The month calendar of the date edits: its own top bar (year and month
+/// buttons and combo boxes), an optional time row (hour, minute and second
+/// fields with pop-up grids) and an optional bottom bar ("现在", "清空",
+/// "确定"). Day cells are painted here, in colours that follow the host's skin.
+/// The chosen value leaves only through signalSetCalendarTime and
+/// signalClearDateTime.
+///
+/// Navigation forward stops at today; backward at the minimum date's year. The
+/// year list leaves out the maximum year when the range spans several years.
+///
+/// The time row stays empty until a bound is set, a day is clicked or a value
+/// is picked. The header formats take the colours in force at construction and
+/// at each skin change.
+///
+/// Bad input: a combo text that is not a number reads as 0, and the forward
+/// buttons also need that year and month to make a valid date, so such a text
+/// never turns the page by button. An invalid bound passed to
+/// setCalendarMinDate/setCalendarMaxDate is logged and ignored.
+///
+/// The texts follow the installed translation, live; the calendar's locale is
+/// the translation of the text "zh_CN" in this class's context (the English
+/// translation gives "en_US"); with no translation it is the Chinese locale.
 class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
 {
     Q_OBJECT

@@ -5,9 +5,9 @@
 
 #include <QMenu>
 
-// The menu of UxCustomToolButton: when it opens it tells its parent button
-// (selectedChanged(true)), so the style sheet can draw the button as
-// selected. A menu whose parent is not such a button simply opens.
+/// The menu of UxCustomToolButton: when it opens it tells its parent button
+/// (selectedChanged(true)), so the style sheet can draw the button as
+/// selected. A menu whose parent is not such a button simply opens.
 class UICOMPONENTS_EXPORT UxCusMenu : public QMenu
 {
     Q_OBJECT

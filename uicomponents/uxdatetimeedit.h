@@ -9,10 +9,10 @@
 
 class UxCalendarTimeWidget;
 
-// A date-time edit whose drop-down is the library's date-only calendar. Every
-// change of date is reported as an (old, new) pair; a pick in the calendar
-// reports twice, once for the pick and once for the edit's own date change.
-// The display format is QDateTimeEdit's own until the client sets one.
+/// A date-time edit whose drop-down is the library's date-only calendar. Every
+/// change of date is reported as an (old, new) pair; a pick in the calendar
+/// reports twice, once for the pick and once for the edit's own date change.
+/// The display format is QDateTimeEdit's own until the client sets one.
 class UICOMPONENTS_EXPORT UxDateTimeEdit : public QDateTimeEdit, public IUxSkin
 {
     Q_OBJECT

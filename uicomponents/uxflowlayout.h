@@ -8,13 +8,13 @@
 #include <QRect>
 #include <QStyle>
 
-// Places its items left to right at their size hints and starts a new row when
-// the next item would pass the right edge; the height follows the width.
-//
-// A negative spacing takes the parent's spacing (a widget's style metric or a
-// parent layout's spacing), and with no parent the item widget's own
-// push-button spacing. Items without a widget (spacers, nested layouts) have no
-// style to ask: they get no extra spacing instead.
+/// Places its items left to right at their size hints and starts a new row when
+/// the next item would pass the right edge; the height follows the width.
+///
+/// A negative spacing takes the parent's spacing (a widget's style metric or a
+/// parent layout's spacing), and with no parent the item widget's own
+/// push-button spacing. Items without a widget (spacers, nested layouts) have no
+/// style to ask: they get no extra spacing instead.
 class UICOMPONENTS_EXPORT UxFlowLayout : public QLayout
 {
     Q_OBJECT

@@ -12,22 +12,22 @@ class QEasingCurve;
 class UxAnimationStackedWidget;
 class UxBottomLabel;
 
-// The status bar's message ticker: keeps the latest few messages and rolls
-// one line into view every interval (4000 ms, a 1000 ms slide). Hovering a
-// line pauses the roll; clicking it emits sigClickedMsg(), which the client
-// connects to slotClickedMsg() to open the message's attention page through
-// the main window's openStringUrl(QString).
-//
-// The first setMaxLoopLabels() messages are kept in arrival order; after that
-// the newest goes in front and the last kept one is dropped. Clicks on lines
-// that arrive while the ticker is full are not forwarded (their connection is
-// refused by design). A message with the same time and content as a kept one
-// is dropped. The level colours come from the properties below, set from the
-// client's style sheet (qproperty-normalColor...); other levels are grey.
-// Negative intervals and durations are ignored (and logged). Lines dropped
-// when the ticker is full and lines cleared by updateBarMsgNumOrTime() are
-// deleted, not just taken out of the stack, so that a ticker fed all day does
-// not grow without bound.
+/// The status bar's message ticker: keeps the latest few messages and rolls
+/// one line into view every interval (4000 ms, a 1000 ms slide). Hovering a
+/// line pauses the roll; clicking it emits sigClickedMsg(), which the client
+/// connects to slotClickedMsg() to open the message's attention page through
+/// the main window's openStringUrl(QString).
+///
+/// The first setMaxLoopLabels() messages are kept in arrival order; after that
+/// the newest goes in front and the last kept one is dropped. Clicks on lines
+/// that arrive while the ticker is full are not forwarded (their connection is
+/// refused by design). A message with the same time and content as a kept one
+/// is dropped. The level colours come from the properties below, set from the
+/// client's style sheet (qproperty-normalColor...); other levels are grey.
+/// Negative intervals and durations are ignored (and logged). Lines dropped
+/// when the ticker is full and lines cleared by updateBarMsgNumOrTime() are
+/// deleted, not just taken out of the stack, so that a ticker fed all day does
+/// not grow without bound.
 class UICOMPONENTS_EXPORT UxLoopLabels : public QWidget
 {
     Q_OBJECT

@@ -18,25 +18,25 @@ namespace Ui {
 class UxMessageBox;
 }
 
-// The client's skinned message box: a frameless, movable, translucent modal
-// dialog with its own title bar, a centred message, a centred row of standard
-// buttons and an optional check box under them. It paints an eight-piece
-// shadow from the skin ("bg/shadow_*.png", their "@2x" siblings above 100%)
-// and a white panel inside it; the sheet "controls/messagebox.css" styles the
-// rest.
-//
-// exec() and the static helpers return the standard value of the button that
-// closed the box, QMessageBox::NoButton (0) when it was closed by its close
-// button or Escape, and QMessageBox::Cancel when the dialog loop reports -1.
-// Ok and Yes read "确定", No and Cancel read "取消": a question reads as
-// confirm/cancel. Button texts follow the installed translation, live.
-//
-// Choices of our own:
-// - Defaults: buttons QMessageBox::Ok and no parent, for the constructor and
-//   the helpers alike.
-// - The remembered clicked button is deleted first on destruction, as the
-//   client relies on; it is tracked weakly, so a button the caller deleted
-//   in the meantime is not deleted twice.
+/// The client's skinned message box: a frameless, movable, translucent modal
+/// dialog with its own title bar, a centred message, a centred row of standard
+/// buttons and an optional check box under them. It paints an eight-piece
+/// shadow from the skin ("bg/shadow_*.png", their "@2x" siblings above 100%)
+/// and a white panel inside it; the sheet "controls/messagebox.css" styles the
+/// rest.
+///
+/// exec() and the static helpers return the standard value of the button that
+/// closed the box, QMessageBox::NoButton (0) when it was closed by its close
+/// button or Escape, and QMessageBox::Cancel when the dialog loop reports -1.
+/// Ok and Yes read "确定", No and Cancel read "取消": a question reads as
+/// confirm/cancel. Button texts follow the installed translation, live.
+///
+/// Choices of our own:
+/// - Defaults: buttons QMessageBox::Ok and no parent, for the constructor and
+///   the helpers alike.
+/// - The remembered clicked button is deleted first on destruction, as the
+///   client relies on; it is tracked weakly, so a button the caller deleted
+///   in the meantime is not deleted twice.
 class UICOMPONENTS_EXPORT UxMessageBox : public QDialog, public IUxSkin
 {
     Q_OBJECT
@@ -64,13 +64,13 @@ public:
 
     void setTitle(const QString& title);
     void setText(const QString& text);
-    // Renames the message label so that a sheet rule selected by NAME styles it.
+    /// Renames the message label so that a sheet rule selected by NAME styles it.
     void setTextStytle(const QString& name);
     void setHLineVisible(bool visible);
     void setCheckBoxText(const QString& text);
     void setCheckBoxVisible(bool visible);
     bool checkBoxVisible();
-    // A partially checked box counts as not checked.
+    /// A partially checked box counts as not checked.
     bool checkBoxChecked();
 
     void initView();
@@ -103,10 +103,10 @@ private:
     Ui::UxMessageBox* ui;
     QDialogButtonBox* m_buttonBox = nullptr;
     QPointer<QAbstractButton> m_clickedButton;
-    QPointer<QAbstractButton> m_extraButton; // never set: stays null
+    QPointer<QAbstractButton> m_extraButton; ///< never set: stays null
     bool m_checkBoxVisible = false;
     QString m_text;
-    int m_shadowWidth = 4; // width of the painted shadow border
+    int m_shadowWidth = 4; ///< width of the painted shadow border
 };
 
 #endif // UXMESSAGEBOX_H

@@ -15,10 +15,10 @@
 struct Message
 {
     QString msgId;
-    QString msgType;   // decimal kind; 1 to 4 pick an attention page
-    QString levelText; // text twin of level
-    int level = 0;     // 0 normal, 1 important, 4 urgent, else grey
-    QString time;      // "yyyy/MM/dd hh:mm:ss"
+    QString msgType;   ///< decimal kind; 1 to 4 pick an attention page
+    QString levelText; ///< text twin of level
+    int level = 0;     ///< 0 normal, 1 important, 4 urgent, else grey
+    QString time;      ///< "yyyy/MM/dd hh:mm:ss"
     QString content;
     QString extra;
 };

@@ -18,20 +18,20 @@ namespace Ui {
 class UxMiniClockPannel;
 }
 
-// A small clock for one time zone picked from a menu of whole-hour UTC
-// offsets. The local clock is taken to run in the base zone (8 unless set);
-// the shown time is the local time plus the zone's difference from it. The
-// date line is taken from the moment the zone was chosen or restored, so it
-// does not roll over at midnight by itself. A zone outside -10..12 shifts the
-// clock by the base zone itself. The chosen zone is kept under "zone".
-//
-// With a parent the panel is a draggable, closeless tile; without one it is a
-// frameless window with a close button.
-// The form's placeholder time shows until the first tick, 900 ms after
-// construction.
-//
-// The caption and the default zone names follow the installed translation,
-// live (names the host set through setTimeZoneMap stay as given).
+/// A small clock for one time zone picked from a menu of whole-hour UTC
+/// offsets. The local clock is taken to run in the base zone (8 unless set);
+/// the shown time is the local time plus the zone's difference from it. The
+/// date line is taken from the moment the zone was chosen or restored, so it
+/// does not roll over at midnight by itself. A zone outside -10..12 shifts the
+/// clock by the base zone itself. The chosen zone is kept under "zone".
+///
+/// With a parent the panel is a draggable, closeless tile; without one it is a
+/// frameless window with a close button.
+/// The form's placeholder time shows until the first tick, 900 ms after
+/// construction.
+///
+/// The caption and the default zone names follow the installed translation,
+/// live (names the host set through setTimeZoneMap stay as given).
 class UICOMPONENTS_EXPORT UxMiniClockPannel : public QFrame, public IUxSkin, public IUxMemory
 {
     Q_OBJECT
@@ -71,7 +71,7 @@ private:
 
     Ui::UxMiniClockPannel* ui;
     QMap<int, QString> m_zoneMap;
-    bool m_defaultZoneNames = false; // the zone map is still the default one
+    bool m_defaultZoneNames = false; ///< the zone map is still the default one
     int m_zone = 8;
     int m_offset = 0;
     int m_baseZone = 8;

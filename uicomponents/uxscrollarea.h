@@ -5,9 +5,9 @@
 
 #include <QScrollArea>
 
-// A scroll area whose scroll bars stay hidden until the mouse is over it:
-// Enter shows each bar that is not visible, Leave hides each that is, and
-// showing the area hides the visible ones.
+/// A scroll area whose scroll bars stay hidden until the mouse is over it:
+/// Enter shows each bar that is not visible, Leave hides each that is, and
+/// showing the area hides the visible ones.
 class UICOMPONENTS_EXPORT UxScrollArea : public QScrollArea
 {
     Q_OBJECT

@@ -9,9 +9,9 @@
 
 class UxTimePopWidget;
 
-// One time field of the calendar's time row (kind 0 hours, 1 minutes,
-// 2 seconds). A left click opens a button grid above the field; a pick writes
-// the two digits into the field and reports them as an integer.
+/// One time field of the calendar's time row (kind 0 hours, 1 minutes,
+/// 2 seconds). A left click opens a button grid above the field; a pick writes
+/// the two digits into the field and reports them as an integer.
 class UICOMPONENTS_EXPORT UxTimeEditPopEdit : public QLineEdit
 {
     Q_OBJECT

@@ -12,10 +12,10 @@
 
 class QPushButton;
 
-// The borderless grid of two-digit buttons behind a time field: "00".."23" for
-// hours (kind 0), "00".."59" for minutes (1) and seconds (2). Buttons whose
-// value would take the time outside [min, max] are disabled; an invalid
-// current value or bound compares as Qt compares invalid date-times.
+/// The borderless grid of two-digit buttons behind a time field: "00".."23" for
+/// hours (kind 0), "00".."59" for minutes (1) and seconds (2). Buttons whose
+/// value would take the time outside [min, max] are disabled; an invalid
+/// current value or bound compares as Qt compares invalid date-times.
 class UICOMPONENTS_EXPORT UxTimePopWidget : public QWidget, public IUxSkin
 {
     Q_OBJECT

@@ -15,20 +15,20 @@ class QScrollBar;
 class QWheelEvent;
 class UxScheduler;
 
-// Replaces an item view's own scroll bars by two thin overlay bars drawn over
-// its right and bottom edges. The overlays show up when the mouse enters the
-// view, moves over them, wheels or drags, and hide again a fixed time
-// (2000 ms by default) after the last activity.
-//
-// A wheel step moves the view by 20 (items, as the view scrolls per item);
-// a step down from an overlay value of 81 or more jumps to the end.
-//
-// Our choices:
-// - setScollbarStyle() only keeps the text: the owner's skin styles the
-//   overlays (they are plain QScrollBars, children of the view), and a caller
-//   that has no skin can apply scollbarStyle() to them itself.
-// - The view, the overlays and pending hides are guarded: the view may be
-//   destroyed before this object.
+/// Replaces an item view's own scroll bars by two thin overlay bars drawn over
+/// its right and bottom edges. The overlays show up when the mouse enters the
+/// view, moves over them, wheels or drags, and hide again a fixed time
+/// (2000 ms by default) after the last activity.
+///
+/// A wheel step moves the view by 20 (items, as the view scrolls per item);
+/// a step down from an overlay value of 81 or more jumps to the end.
+///
+/// Our choices:
+/// - setScollbarStyle() only keeps the text: the owner's skin styles the
+///   overlays (they are plain QScrollBars, children of the view), and a caller
+///   that has no skin can apply scollbarStyle() to them itself.
+/// - The view, the overlays and pending hides are guarded: the view may be
+///   destroyed before this object.
 class UICOMPONENTS_EXPORT UxViewScrollbarExpand : public QObject
 {
     Q_OBJECT

@@ -8,9 +8,9 @@
 
 class QObject;
 
-// Calls a method by name through the meta-object system with arguments
-// collected beforehand, each a pair (pointer to the value, meta-type name such
-// as "QString"). The values must outlive invoke(). At most ten arguments.
+/// Calls a method by name through the meta-object system with arguments
+/// collected beforehand, each a pair (pointer to the value, meta-type name such
+/// as "QString"). The values must outlive invoke(). At most ten arguments.
 class UXCORE_EXPORT InvokerBase
 {
 public:
@@ -21,8 +21,8 @@ public:
     InvokerBase& operator<<(const QPair<void*, const char*>& arg);
     int argumentCount() const;
 
-    // Direct call on the caller's thread. A null target or an unknown method
-    // is logged and nothing is called.
+    /// Direct call on the caller's thread. A null target or an unknown method
+    /// is logged and nothing is called.
     void invoke(QObject* target, const char* method);
 
 private:

@@ -8,9 +8,9 @@
 #include <QVariant>
 #include <QtPlugin>
 
-// The host's save/restore interface: a widget writes its values under its own
-// keys and reads them back with defaults. When the host calls them is the host's
-// business.
+/// The host's save/restore interface: a widget writes its values under its own
+/// keys and reads them back with defaults. When the host calls them is the host's
+/// business.
 class UXCORE_EXPORT IUxMemory
 {
 public:

@@ -8,17 +8,17 @@
 
 class QWidget;
 
-// The skinning interface of every styled widget. A widget derives from its Qt
-// class first and from IUxSkin second, then registers itself with
-// UxCore::addStyle2View() at the end of its constructor; the destructor here
-// takes it off the registry so a destroyed widget is never styled again.
+/// The skinning interface of every styled widget. A widget derives from its Qt
+/// class first and from IUxSkin second, then registers itself with
+/// UxCore::addStyle2View() at the end of its constructor; the destructor here
+/// takes it off the registry so a destroyed widget is never styled again.
 class UXCORE_EXPORT IUxSkin
 {
 public:
     IUxSkin();
     virtual QWidget* widget();
     virtual ~IUxSkin();
-    // A valid variant becomes the widget's style sheet; an invalid one changes nothing.
+    /// A valid variant becomes the widget's style sheet; an invalid one changes nothing.
     virtual void loadSkin(const QVariant& style);
 
 private:

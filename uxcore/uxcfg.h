@@ -6,10 +6,10 @@
 #include <QHash>
 #include <QString>
 
-// Resolves configuration directories. The empty key is the user's own
-// configuration directory: $UXCORE_CONFIG_DIR when set, else Qt's
-// AppConfigLocation; setPath() overrides any key. An unknown non-empty key is
-// a sub-folder of the user directory. Paths carry no trailing separator.
+/// Resolves configuration directories. The empty key is the user's own
+/// configuration directory: $UXCORE_CONFIG_DIR when set, else Qt's
+/// AppConfigLocation; setPath() overrides any key. An unknown non-empty key is
+/// a sub-folder of the user directory. Paths carry no trailing separator.
 class UXCORE_EXPORT UxCfg
 {
 public:

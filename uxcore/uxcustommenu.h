@@ -5,8 +5,8 @@
 
 #include <QMenu>
 
-// A menu with the client's look: object name "UxCustomMenu" for the skins'
-// selectors, no native drop shadow, action tool tips shown.
+/// A menu with the client's look: object name "UxCustomMenu" for the skins'
+/// selectors, no native drop shadow, action tool tips shown.
 class UXCORE_EXPORT UxCustomMenu : public QMenu
 {
     Q_OBJECT

@@ -11,13 +11,13 @@
 class QWidget;
 class QMouseEvent;
 
-// Makes a frameless window movable (dragging anywhere that does not take the
-// mouse itself) and resizable from a 5-pixel edge band, both from activateOn()
-// on; setWidgetMovable(false, ...) and setWidgetResizable(false) turn them off. A drag
-// prefers the platform's own move (QWindow::startSystemMove) and falls back to
-// moving the geometry by hand where the platform has none.
-// setWidgetMovable's integer: the height of the drag area from the top; 0 (what
-// the library passes) means the whole widget.
+/// Makes a frameless window movable (dragging anywhere that does not take the
+/// mouse itself) and resizable from a 5-pixel edge band, both from activateOn()
+/// on; setWidgetMovable(false, ...) and setWidgetResizable(false) turn them off. A drag
+/// prefers the platform's own move (QWindow::startSystemMove) and falls back to
+/// moving the geometry by hand where the platform has none.
+/// setWidgetMovable's integer: the height of the drag area from the top; 0 (what
+/// the library passes) means the whole widget.
 class UXCORE_EXPORT UxFramelessHelper : public QObject
 {
     Q_OBJECT

@@ -28,7 +28,7 @@ using UxHashSeed = uint;
 
 namespace UxQtCompat {
 
-// Mouse and hover positions as whole pixels.
+/// Mouse and hover positions as whole pixels.
 inline QPoint pos(const QMouseEvent* e)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -56,8 +56,8 @@ inline QPoint pos(const QHoverEvent* e)
 #endif
 }
 
-// A copy of E of the same type and buttons at the widget position LOCAL
-// (window and screen positions kept), for forwarding to another widget.
+/// A copy of E of the same type and buttons at the widget position LOCAL
+/// (window and screen positions kept), for forwarding to another widget.
 inline QMouseEvent remapped(const QMouseEvent* e, const QPoint& local)
 {
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
@@ -69,21 +69,21 @@ inline QMouseEvent remapped(const QMouseEvent* e, const QPoint& local)
 #endif
 }
 
-// The id a meta-type was registered under NAME, 0 when there is none, and
-// the name of the type ID.
+/// The id a meta-type was registered under NAME, 0 when there is none, and
+/// the name of the type ID.
 UXCORE_EXPORT int metaTypeId(const char* name);
 UXCORE_EXPORT QByteArray metaTypeName(int id);
 
-// GBK text, for hosts that hand the library 8-bit Chinese text: Qt 5 through
-// QTextCodec, Qt 6 through QStringConverter's ICU back end (Qt 6's core has
-// no QTextCodec). hasGbk() is false where the Qt build has neither.
+/// GBK text, for hosts that hand the library 8-bit Chinese text: Qt 5 through
+/// QTextCodec, Qt 6 through QStringConverter's ICU back end (Qt 6's core has
+/// no QTextCodec). hasGbk() is false where the Qt build has neither.
 UXCORE_EXPORT bool hasGbk();
 UXCORE_EXPORT QByteArray toGbk(const QString& text);
 UXCORE_EXPORT QString fromGbk(const QByteArray& bytes);
 
-// Sets the codec QString::fromLocal8Bit uses to NAME (Qt 5) for the life of
-// the object and restores the previous one afterwards. Qt 6 has no settable
-// locale codec: active() is then false and nothing changes.
+/// Sets the codec QString::fromLocal8Bit uses to NAME (Qt 5) for the life of
+/// the object and restores the previous one afterwards. Qt 6 has no settable
+/// locale codec: active() is then false and nothing changes.
 class UXCORE_EXPORT LocaleCodecOverride
 {
 public:

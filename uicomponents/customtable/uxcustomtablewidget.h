@@ -23,23 +23,23 @@ namespace Ui {
 class UxCustomTableWidget;
 }
 
-// The quote table as applications use it: a settings button above the table
-// view, the column-settings dialog, and the column files.
-//
-// Columns come from JSON files: the user's own file under the host's
-// configuration directory when it holds any, the template shipped under
-// "<application dir>/config/" otherwise (initTable() uses the default names;
-// the two-name setHHeaderData() takes others). The settings button (hidden
-// until setSettingBtnVisible(true)) drops the column dialog down under
-// itself; every change there is applied to the table and saved to the user
-// file at once, so Cancel does not undo it; OK saves the final list.
-//
-// The view's signals are passed on unchanged, and the other methods forward
-// to the view. Styled by the skin's "quote/customtable.css".
-//
-// Our choice: the top-level dialog is released after the widget
-// (deleteLater) instead of being left behind; otherwise every table a client
-// creates and destroys would leave one hidden dialog, without bound.
+/// The quote table as applications use it: a settings button above the table
+/// view, the column-settings dialog, and the column files.
+///
+/// Columns come from JSON files: the user's own file under the host's
+/// configuration directory when it holds any, the template shipped under
+/// "<application dir>/config/" otherwise (initTable() uses the default names;
+/// the two-name setHHeaderData() takes others). The settings button (hidden
+/// until setSettingBtnVisible(true)) drops the column dialog down under
+/// itself; every change there is applied to the table and saved to the user
+/// file at once, so Cancel does not undo it; OK saves the final list.
+///
+/// The view's signals are passed on unchanged, and the other methods forward
+/// to the view. Styled by the skin's "quote/customtable.css".
+///
+/// Our choice: the top-level dialog is released after the widget
+/// (deleteLater) instead of being left behind; otherwise every table a client
+/// creates and destroys would leave one hidden dialog, without bound.
 class UICOMPONENTS_EXPORT UxCustomTableWidget : public QFrame, public IUxSkin
 {
     Q_OBJECT
@@ -54,17 +54,17 @@ public:
     QList<_TableData> getTableDatas() const;
     int rowCount() const;
     int columnCount() const;
-    // The tint a quote update left on a cell, invalid when there is none. The
-    // table records tints but does not paint them; a client that wants them
-    // visible paints them itself, e.g. with a delegate of its own on the
-    // "tableView" child.
+    /// The tint a quote update left on a cell, invalid when there is none. The
+    /// table records tints but does not paint them; a client that wants them
+    /// visible paints them itself, e.g. with a delegate of its own on the
+    /// "tableView" child.
     QColor backgroundColorAt(int row, int column) const;
     void save(QMap<QString, QVariant>& m);
     void restore(const QMap<QString, QVariant>& m);
 
     void setBackgroundColorChangedEnable(bool enable);
     void setDefaultSortFeildAndMode(const QString& feild, UxHeaderSort mode);
-    // Hides a column of the scrolling part (not the frozen one).
+    /// Hides a column of the scrolling part (not the frozen one).
     void setColumnHidden(int column, bool hide);
     void setFrozenViewColumnHidden(int column, bool hide);
     void setHHeaderResizeMode(QHeaderView::ResizeMode mode);
@@ -76,13 +76,13 @@ public:
     void setTableViewCustomContexrtMenuEnable(bool on);
     void setSettingBtnVisible(bool visible);
 
-    // Default column files: "<config dir>/userhsstocktable.json" and
-    // "<application dir>/config/hsstocktemplatetable.json".
+    /// Default column files: "<config dir>/userhsstocktable.json" and
+    /// "<application dir>/config/hsstocktemplatetable.json".
     void initTable();
-    // Named column files: "<config dir>/<userFile>" and
-    // "<application dir>/config/<templateFile>".
+    /// Named column files: "<config dir>/<userFile>" and
+    /// "<application dir>/config/<templateFile>".
     void setHHeaderData(const QString& userFile, const QString& templateFile);
-    // One read-only column file, "<application dir>/config/<fileName>".
+    /// One read-only column file, "<application dir>/config/<fileName>".
     void setHHeaderData(const QString& fileName);
     void setHHeaderData(const QList<_TableHHeaderData>& list);
 

@@ -16,25 +16,25 @@ namespace Ui {
 class UxFileDialog;
 }
 
-// The skinned file chooser: a frameless, translucent dialog with its own
-// title bar (title, minimise, close) around an embedded, non-native
-// QFileDialog. Its look comes from "controls/filedlg.css"; the Open, Save and
-// Cancel buttons of the chooser carry fixed sheets of their own.
-//
-// In save mode setFileMode() is ignored: saving always takes any file name.
-// In ExistingFiles mode the chooser's button box ends the dialog directly.
-// The static helpers return an empty string for anything but acceptance; their
-// parent argument is accepted and not used (the dialog is always top-level).
-//
-// In save mode selectedFiles() holds one entry, and it is empty while no
-// file name is chosen: the chooser itself reports the folder it shows in
-// that case, which is not a file to save to.
-//
-// The Chinese texts are stored as UTF-8 and translated through tr(), so they
-// show whatever the local 8-bit codec is.
-//
-// Our texts follow the installed translation, live; a caption the client
-// gave stays as given.
+/// The skinned file chooser: a frameless, translucent dialog with its own
+/// title bar (title, minimise, close) around an embedded, non-native
+/// QFileDialog. Its look comes from "controls/filedlg.css"; the Open, Save and
+/// Cancel buttons of the chooser carry fixed sheets of their own.
+///
+/// In save mode setFileMode() is ignored: saving always takes any file name.
+/// In ExistingFiles mode the chooser's button box ends the dialog directly.
+/// The static helpers return an empty string for anything but acceptance; their
+/// parent argument is accepted and not used (the dialog is always top-level).
+///
+/// In save mode selectedFiles() holds one entry, and it is empty while no
+/// file name is chosen: the chooser itself reports the folder it shows in
+/// that case, which is not a file to save to.
+///
+/// The Chinese texts are stored as UTF-8 and translated through tr(), so they
+/// show whatever the local 8-bit codec is.
+///
+/// Our texts follow the installed translation, live; a caption the client
+/// gave stays as given.
 class UICOMPONENTS_EXPORT UxFileDialog : public QDialog, public IUxSkin
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ private Q_SLOTS:
 
 private:
     void initFileDlg();
-    // The helpers' common start: modes in this order, then the title.
+    /// The helpers' common start: modes in this order, then the title.
     void prepare(QFileDialog::AcceptMode acceptMode, QFileDialog::FileMode fileMode, const QString& caption);
     void updateButtons();
     void setTitleName(const QString& title);
@@ -86,7 +86,7 @@ private:
 
     Ui::UxFileDialog* ui;
     QFileDialog* m_fileDlg = nullptr;
-    QString m_modeTitle; // the mode's own title, as last translated
+    QString m_modeTitle; ///< the mode's own title, as last translated
 };
 
 #endif // UXFILEDIALOG_H

@@ -5,9 +5,9 @@
 
 #include <QStyledItemDelegate>
 
-// Paints the quick-macro list: no focus frame in any cell, and in column 0 a
-// rounded tag holding the row's kind (Qt::UserRole) — outlined when the row
-// is not selected, filled blue with white text when it is.
+/// Paints the quick-macro list: no focus frame in any cell, and in column 0 a
+/// rounded tag holding the row's kind (Qt::UserRole) — outlined when the row
+/// is not selected, filled blue with white text when it is.
 class UICOMPONENTS_EXPORT DataDelegate : public QStyledItemDelegate
 {
     Q_OBJECT

@@ -10,16 +10,16 @@ class QLineEdit;
 class QTimer;
 class QTreeWidget;
 
-// The suggestion popup of UxNewSearchLineEdit. Every edit restarts a 400 ms
-// wait; then the dictionary records whose code or further key contains the
-// trimmed text (case-insensitive, dictionary order) are listed under the line
-// edit as code and name, at most seven rows visible. Enter or a click puts the
-// chosen code into the line edit; Escape or a click elsewhere closes the list;
-// typing goes on in the line edit.
-//
-// Choices of our own, against reading past a record or through a null
-// editor: records with fewer than four texts are skipped, and a completer
-// made without a line edit never shows its list.
+/// The suggestion popup of UxNewSearchLineEdit. Every edit restarts a 400 ms
+/// wait; then the dictionary records whose code or further key contains the
+/// trimmed text (case-insensitive, dictionary order) are listed under the line
+/// edit as code and name, at most seven rows visible. Enter or a click puts the
+/// chosen code into the line edit; Escape or a click elsewhere closes the list;
+/// typing goes on in the line edit.
+///
+/// Choices of our own, against reading past a record or through a null
+/// editor: records with fewer than four texts are skipped, and a completer
+/// made without a line edit never shows its list.
 class UICOMPONENTS_EXPORT UxCompleter : public QObject
 {
     Q_OBJECT

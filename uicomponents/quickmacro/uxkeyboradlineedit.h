@@ -16,15 +16,15 @@ class QSortFilterProxyModel;
 class DataModel;
 class QuickMacroView;
 
-// A line edit that carries its own quick-macro list as the popup of a
-// QCompleter, filtered by code through a proxy model. The list starts empty:
-// a subclass fills it with setTableData().
-//
-// eventFilter() moves the list's current row on Up/Down and, on Enter, writes
-// the current row's code into the line edit (never asking to open a page).
-// The line edit does not install it anywhere by itself: install the line
-// edit as event filter on whichever widget should drive the list this way.
-// Null or short records in the list choose nothing.
+/// A line edit that carries its own quick-macro list as the popup of a
+/// QCompleter, filtered by code through a proxy model. The list starts empty:
+/// a subclass fills it with setTableData().
+///
+/// eventFilter() moves the list's current row on Up/Down and, on Enter, writes
+/// the current row's code into the line edit (never asking to open a page).
+/// The line edit does not install it anywhere by itself: install the line
+/// edit as event filter on whichever widget should drive the list this way.
+/// Null or short records in the list choose nothing.
 class UICOMPONENTS_EXPORT UxKeyBoradLineEdit : public QLineEdit, public IUxSkin
 {
     Q_OBJECT

@@ -9,10 +9,10 @@
 
 class UxCompleter;
 
-// A narrow code-entry line edit (120 pixels): letters, digits, dots and word
-// characters only, with a suggestion popup (UxCompleter) that lists the
-// dictionary records whose code or further key holds the typed text, 400 ms
-// after the user stops typing.
+/// A narrow code-entry line edit (120 pixels): letters, digits, dots and word
+/// characters only, with a suggestion popup (UxCompleter) that lists the
+/// dictionary records whose code or further key holds the typed text, 400 ms
+/// after the user stops typing.
 class UICOMPONENTS_EXPORT UxNewSearchLineEdit : public QLineEdit
 {
     Q_OBJECT

@@ -21,27 +21,27 @@ class UxQuickMacroMatcher;
 template <typename T>
 class UxWidgetSingleton;
 
-// The search overlay: laid over a panel, it opens in the panel's bottom-right
-// corner as soon as the user types on a watched widget, with its own search
-// line above the hit list; Enter or a double click chooses.
-//
-// Use: make the overlay a child of the panel, install it as event filter on
-// the widgets that start a search by typing (widget->installEventFilter(
-// QuickMacroSearchWidget::initance())), and connect stockSelected and
-// extendSelected. Serving a line edit of the client instead: pass it to
-// setReplaceLineEdit(), connect its textChanged to searchTextChanged and call
-// enterIsEnabled() when it gets Enter; the own search line is then hidden and
-// the list opens under that line edit.
-//
-// A left press on any watched object while the overlay is shown hides it
-// and gives that object focus; the own search line is watched too, so a
-// press there closes the overlay as well.
-//
-// Choices of our own, each where the plain rule would read past a list or
-// use a deleted object:
-// - Extend names without a group (or groups without a name) are dropped.
-// - The replace line edit is held weakly: the client may delete it first.
-// - Null hit records choose nothing.
+/// The search overlay: laid over a panel, it opens in the panel's bottom-right
+/// corner as soon as the user types on a watched widget, with its own search
+/// line above the hit list; Enter or a double click chooses.
+///
+/// Use: make the overlay a child of the panel, install it as event filter on
+/// the widgets that start a search by typing (widget->installEventFilter(
+/// QuickMacroSearchWidget::initance())), and connect stockSelected and
+/// extendSelected. Serving a line edit of the client instead: pass it to
+/// setReplaceLineEdit(), connect its textChanged to searchTextChanged and call
+/// enterIsEnabled() when it gets Enter; the own search line is then hidden and
+/// the list opens under that line edit.
+///
+/// A left press on any watched object while the overlay is shown hides it
+/// and gives that object focus; the own search line is watched too, so a
+/// press there closes the overlay as well.
+///
+/// Choices of our own, each where the plain rule would read past a list or
+/// use a deleted object:
+/// - Extend names without a group (or groups without a name) are dropped.
+/// - The replace line edit is held weakly: the client may delete it first.
+/// - Null hit records choose nothing.
 class UICOMPONENTS_EXPORT QuickMacroSearchWidget : public QWidget, public IUxSkin
 {
     Q_OBJECT
@@ -85,7 +85,7 @@ private:
 
     QWidget* m_container = nullptr;
     QLineEdit* m_searchEdit = nullptr;
-    QPointer<QLineEdit> m_replaceLineEdit; // the client's; may go away at any time
+    QPointer<QLineEdit> m_replaceLineEdit; ///< the client's; may go away at any time
     QuickMacroView* m_view = nullptr;
     QVector<quickMacroItem*> m_dict;
     QVector<quickMacroItem*> m_result;

@@ -19,8 +19,8 @@
 #include <QMetaType>
 #include <QString>
 
-// Sort mode of a column. The header shows "↑" for the first state and "↓"
-// for the second.
+/// Sort mode of a column. The header shows "↑" for the first state and "↓"
+/// for the second.
 enum UxHeaderSort
 {
     UxSortNone = 0,
@@ -28,8 +28,8 @@ enum UxHeaderSort
     UxSortDescending = 2
 };
 
-// One column of the quote table. The misspelt "feild" is part of the
-// interface and of the column files.
+/// One column of the quote table. The misspelt "feild" is part of the
+/// interface and of the column files.
 struct TableHHeaderData
 {
     QString text;
@@ -57,8 +57,8 @@ struct TableHHeaderData
     bool operator!=(const TableHHeaderData& o) const { return !(*this == o); }
 };
 
-// One instrument row. riseFall: 0 up, 1 down, anything else neither.
-// values holds every other field's display text keyed by the column's feild.
+/// One instrument row. riseFall: 0 up, 1 down, anything else neither.
+/// values holds every other field's display text keyed by the column's feild.
 struct TableData
 {
     int tag = 0;
@@ -77,8 +77,8 @@ struct TableData
     bool operator!=(const TableData& o) const { return !(*this == o); }
 };
 
-// The rows the table asks its owner for: a page while scrolling, or a whole
-// sorted table after a header click.
+/// The rows the table asks its owner for: a page while scrolling, or a whole
+/// sorted table after a header click.
 struct SubPageData
 {
     int start = 0;
@@ -95,7 +95,7 @@ struct SubPageData
     bool operator!=(const SubPageData& o) const { return !(*this == o); }
 };
 
-// The record names of the library's interface.
+/// The record names of the library's interface.
 typedef TableHHeaderData _TableHHeaderData;
 typedef TableData _TableData;
 typedef SubPageData _SubPageData;
