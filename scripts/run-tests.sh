@@ -4,7 +4,8 @@
 # arithmetic breaks (the clock pass); then the suites built with
 # AddressSanitizer, UndefinedBehaviorSanitizer and LeakSanitizer, and a short
 # fuzzing pass over everything that parses outside input. The sanitizer and
-# fuzz builds run in the background during the clock pass.
+# fuzz builds run in the background during the clock pass, the Qt 6 suites
+# and the clazy check.
 # UX_TESTS_QUICK=1 stops after the plain suites. Each phase's wall time is
 # printed at the end.
 set -euo pipefail
@@ -87,6 +88,9 @@ fi
 
 # The plain suites once more against Qt 6.
 phase "Qt 6 suites" bash "$here/scripts/run-tests-qt6.sh"
+
+# The static check: clazy's level0 and level1 over the library's sources.
+phase "clazy" bash "$here/scripts/run-clazy.sh"
 
 echo "== waiting for the sanitizer and fuzz builds"
 if ! wait "$builds"; then

@@ -39,12 +39,14 @@ class UxTimeEditPopEdit;
 class UICOMPONENTS_EXPORT UxCalendarTimeWidget : public QCalendarWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QColor baseColor READ baseColor WRITE setBaseColor)
-    Q_PROPERTY(QColor lbColor READ lbColor WRITE setLbColor)
-    Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor)
-    Q_PROPERTY(QColor bgColor READ bgColor WRITE setBgColor)
-    Q_PROPERTY(QColor selectColor READ selectColor WRITE setSelectColor)
-    Q_PROPERTY(QColor weekendColor READ weekendColor WRITE setWeekendColor)
+    // Style properties: the sheet sets them once (qproperty-...) and nothing
+    // watches them, so they carry no NOTIFY signal.
+    Q_PROPERTY(QColor baseColor READ baseColor WRITE setBaseColor) // clazy:exclude=qproperty-without-notify
+    Q_PROPERTY(QColor lbColor READ lbColor WRITE setLbColor) // clazy:exclude=qproperty-without-notify
+    Q_PROPERTY(QColor lineColor READ lineColor WRITE setLineColor) // clazy:exclude=qproperty-without-notify
+    Q_PROPERTY(QColor bgColor READ bgColor WRITE setBgColor) // clazy:exclude=qproperty-without-notify
+    Q_PROPERTY(QColor selectColor READ selectColor WRITE setSelectColor) // clazy:exclude=qproperty-without-notify
+    Q_PROPERTY(QColor weekendColor READ weekendColor WRITE setWeekendColor) // clazy:exclude=qproperty-without-notify
 public:
     /// The defaults (date and time, with the bottom bar) let a form, or
     /// Designer, make it from a parent alone.

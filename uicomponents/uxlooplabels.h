@@ -31,9 +31,11 @@ class UxBottomLabel;
 class UICOMPONENTS_EXPORT UxLoopLabels : public QWidget
 {
     Q_OBJECT
-    Q_PROPERTY(QColor normalColor READ normalColor WRITE setNormalColor)
-    Q_PROPERTY(QColor importColor READ importColor WRITE setImportColor)
-    Q_PROPERTY(QColor urgencyColor READ urgencyColor WRITE setUrgencyColor)
+    // Style properties: the sheet sets them once (qproperty-...) and nothing
+    // watches them, so they carry no NOTIFY signal.
+    Q_PROPERTY(QColor normalColor READ normalColor WRITE setNormalColor) // clazy:exclude=qproperty-without-notify
+    Q_PROPERTY(QColor importColor READ importColor WRITE setImportColor) // clazy:exclude=qproperty-without-notify
+    Q_PROPERTY(QColor urgencyColor READ urgencyColor WRITE setUrgencyColor) // clazy:exclude=qproperty-without-notify
 public:
     explicit UxLoopLabels(QWidget* parent = nullptr);
     ~UxLoopLabels() override;

@@ -159,7 +159,8 @@ void UxMiniClockPannel::updateMenusUiData()
     QMenu* menu = zoneMenu();
     if (!menu)
         return;
-    for (QAction* action : menu->actions())
+    const QList<QAction*> actions = menu->actions();
+    for (QAction* action : actions)
         action->setText(actionText(action->data().toInt()));
 }
 
@@ -196,7 +197,8 @@ void UxMiniClockPannel::updateActionsCheckedByZone(int zone)
     QMenu* menu = zoneMenu();
     if (!menu)
         return;
-    for (QAction* action : menu->actions())
+    const QList<QAction*> actions = menu->actions();
+    for (QAction* action : actions)
         action->setChecked(action->data().toInt() == zone);
 }
 
@@ -205,7 +207,8 @@ void UxMiniClockPannel::updateActionsExcurise(QAction* keep)
     QMenu* menu = zoneMenu();
     if (!menu)
         return;
-    for (QAction* action : menu->actions()) {
+    const QList<QAction*> actions = menu->actions();
+    for (QAction* action : actions) {
         if (action != keep)
             action->setChecked(false);
     }

@@ -53,7 +53,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private Q_SLOTS:
-    void on_closeBushButton_clicked();
+    void on_closeBushButton_clicked(); // clazy:exclude=connect-by-name (the form connects it by name)
     void updateMenusUiData();
 
 private:

@@ -24,7 +24,7 @@ QString resolveUrls(const QString& sheet, const QString& baseDir)
     while (it.hasNext()) {
         const QRegularExpressionMatch m = it.next();
         const QString target = m.captured(2).trimmed();
-        out += sheet.mid(last, m.capturedStart() - last);
+        out += QStringView(sheet).mid(last, m.capturedStart() - last);
         const bool absolute = target.startsWith(QLatin1Char('/')) || target.startsWith(QLatin1Char(':'))
             || target.contains(QLatin1String("://"));
         if (absolute)
@@ -33,7 +33,7 @@ QString resolveUrls(const QString& sheet, const QString& baseDir)
             out += QStringLiteral("url(") + baseDir + QLatin1Char('/') + target + QLatin1Char(')');
         last = m.capturedEnd();
     }
-    out += sheet.mid(last);
+    out += QStringView(sheet).mid(last);
     return out;
 }
 } // namespace

@@ -87,8 +87,8 @@ public:
     void setHHeaderData(const QList<_TableHHeaderData>& list);
 
 Q_SIGNALS:
-    void sigSubPages(const SubPageData& pPageData);
-    void sigSubPages(const QStringList& listCodes);
+    void sigSubPages(const SubPageData& pPageData); // clazy:exclude=overloaded-signal (the client connects both by text)
+    void sigSubPages(const QStringList& listCodes); // clazy:exclude=overloaded-signal
     void sigTableViewClicked(const TableData& oData, const QModelIndex& index);
     void sigTableViewDoubleClicked(const TableData& oData, const QModelIndex& index);
     void sigSortTableData(const SubPageData& pPageData);

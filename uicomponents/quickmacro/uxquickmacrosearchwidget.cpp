@@ -258,8 +258,8 @@ bool QuickMacroSearchWidget::eventFilter(QObject* watched, QEvent* event)
         if (mods == Qt::ControlModifier || mods == Qt::ShiftModifier || mods == Qt::AltModifier)
             break;
         const QString typed = key->text();
-        if (typed.isEmpty() || typed == QChar(0x1B) || typed == QChar(0x08) || typed == QChar(0x7F)
-            || typed == QChar(0x0D))
+        const QChar only = typed.size() == 1 ? typed.at(0) : QChar();
+        if (typed.isEmpty() || only == QChar(0x1B) || only == QChar(0x08) || only == QChar(0x7F) || only == QChar(0x0D))
             break;
         if (m_replaceLineEdit) {
             m_replaceLineEdit->setFocus(Qt::OtherFocusReason);

@@ -67,8 +67,8 @@ public:
     QTableView* frozenView() const;
 
 Q_SIGNALS:
-    void sigSubPages(const SubPageData& pPageData);
-    void sigSubPages(const QStringList& lstCodes);
+    void sigSubPages(const SubPageData& pPageData); // clazy:exclude=overloaded-signal (the client connects both by text)
+    void sigSubPages(const QStringList& lstCodes); // clazy:exclude=overloaded-signal
     void sigTableViewClicked(const TableData& oData, const QModelIndex& index);
     void sigTableViewDoubleClicked(const TableData& oData, const QModelIndex& index);
     void sigSortTableData(const SubPageData& pPageData);
