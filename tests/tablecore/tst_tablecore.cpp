@@ -1,8 +1,5 @@
-// The quote table core and the quick-macro list model: what clients and
-// skins rely on, model data per role, unit-aware sorting, quote updates and
-// tints, the delegate's pixels, the view's frozen columns, paged requests,
-// header sorting and keys, and Qt's item-model rules under bursts of changes.
-// Most cases are rows of (actual, expected) built in the _data functions.
+// The quote table core and the quick-macro list model, mostly as rows of
+// (actual, expected) built in the _data functions.
 
 #include "uxtestenv.h"
 
@@ -12,20 +9,10 @@
 #include "uxtablemodel.h"
 #include "uxtableview.h"
 
-#include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QPainter>
-#include <QRandomGenerator>
 #include <QScrollBar>
-#include <QSignalSpy>
-#include <QSortFilterProxyModel>
 #include <QStandardItemModel>
-#include <QTime>
-#include <QTimer>
-
-#include <algorithm>
-#include <climits>
-#include <memory>
 
 namespace {
 
@@ -42,8 +29,7 @@ _TableHHeaderData column(const QString& feild, bool changeColor = false)
     return h;
 }
 
-// Sequence, code, name, then the quote fields (Now is column 3, High 5,
-// Amount 10, Time 11), padded with plain fields up to COUNT columns.
+// Sequence, code, name, quote fields (Now 3, High 5, Amount 10, Time 11), then padding.
 QList<_TableHHeaderData> quoteColumns(int count = 13)
 {
     QList<_TableHHeaderData> list{column(QString()), column(QStringLiteral("Code")), column(QStringLiteral("Name"))};
@@ -54,8 +40,7 @@ QList<_TableHHeaderData> quoteColumns(int count = 13)
     return list.mid(0, count);
 }
 
-_TableData makeRow(const QString& code, int market = 1, const Values& values = {}, int riseFall = 0,
-                   const QString& key = QStringLiteral("k"))
+_TableData makeRow(const QString& code, int market = 1, const Values& values = {}, int riseFall = 0, const QString& key = QStringLiteral("k"))
 {
     _TableData r;
     r.key = key, r.code = code, r.name = QStringLiteral("N") + code;
@@ -98,16 +83,14 @@ int activeTimers(const UxTableModel& model)
     return int(std::count_if(timers.begin(), timers.end(), [](QTimer* t) { return t->isActive(); }));
 }
 
-// Fires a running tint timer as its time-out would; its interval is pinned
-// by the contract, so no test waits for it.
+// Fires a tint timer as its time-out would: the contract pins its interval.
 void fire(QTimer* t)
 {
     t->stop();
     QMetaObject::invokeMethod(t, "timeout");
 }
 
-// Texts of every kind a value column carries: 万 and 亿 values (negative
-// ones wrap to huge keys), percents, plain numbers and junk.
+// 万 and 亿 values (negative ones wrap to huge keys), percents, plain numbers and junk.
 QString mixedValue(QRandomGenerator& rng)
 {
     const QString n = QString::number(rng.bounded(99999)), dec = n + QStringLiteral(".%1").arg(rng.bounded(100), 2, 10, QLatin1Char('0'));
@@ -115,32 +98,11 @@ QString mixedValue(QRandomGenerator& rng)
     return forms.at(rng.bounded(forms.size()));
 }
 
-// The sort key and comparison the plain way: the conversion follows the left key.
-QVariant refKey(const _TableData& r, const QString& feild)
-{
-    if (feild == QLatin1String("Time"))
-        return QTime::fromString(r.values.value(feild), Qt::ISODate);
-    if (feild == QLatin1String("Code") || feild == QLatin1String("Name"))
-        return r.code;
-    return UxTableModel::toNumber(r.values.value(feild));
-}
-
-bool refLess(const QVariant& l, const QVariant& r)
-{
-    switch (l.userType()) {
-    case QMetaType::ULongLong: return l.toULongLong() < r.toULongLong();
-    case QMetaType::Double: return l.toDouble() < r.toDouble();
-    case QMetaType::QTime: return l.toTime() < r.toTime();
-    default: return QString::localeAwareCompare(l.toString(), r.toString()) < 0;
-    }
-}
-
-// A view shown offscreen with rows, COLUMNS quote columns and a log of both
-// request signals in emission order.
+// A view shown offscreen, with a log of both request signals.
 struct ShownView
 {
     UxTableView view;
-    QStringList order;
+    QStringList order; // "codes", "page" in emission order
     QList<QStringList> codes;
     QList<_SubPageData> pages;
     explicit ShownView(int rows = 1000, int columns = 13)
@@ -192,8 +154,7 @@ class TstTableCore : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // What clients and skins rely on: meta-types, signatures, sizes, the
-    // tint timers and the frozen view's set-up.
+    // What clients and skins rely on, the tint timers (single-shot, coarse, 1000 ms) among it.
     void contract_data()
     {
         addColumns();
@@ -202,9 +163,7 @@ private Q_SLOTS:
         QStringList timers, methods;
         for (QTimer* t : view.tableModel()->findChildren<QTimer*>())
             timers << QStringLiteral("%1 ms %2 %3").arg(t->interval()).arg(t->isSingleShot()).arg(int(t->timerType()));
-        QTest::newRow("tint timers") << QVariant(timers.size()) << QVariant(10);
-        timers.removeDuplicates();
-        QTest::newRow("tint timer: single-shot, coarse") << list(timers) << list({"1000 ms 1 1"});
+        QTest::newRow("tint timers") << list(timers) << list(QVector<QString>(10, QStringLiteral("1000 ms 1 1")).toList());
         QTest::newRow("meta-types") << list({QVariant::fromValue(_TableData()).typeName(), QVariant::fromValue(_SubPageData()).typeName(),
                                              QVariant::fromValue(_TableHHeaderData()).typeName()})
                                     << list({"TableData", "SubPageData", "TableHHeaderData"});
@@ -221,24 +180,17 @@ private Q_SLOTS:
             "slotVSliderReleased() slotVScrollBarValueChanged(int) slotTableViewClicked(QModelIndex) "
             "slotTableViewDoubleClicked(QModelIndex) slotHHeaderClicked(int) slotCustomContextMenuRequested(QPoint)").split(' '));
         QTest::newRow("view") << QVariant(QVariantList{view.size(), view.verticalHeader()->defaultSectionSize(), view.horizontalHeader()->height(),
-                                                       view.horizontalHeader()->defaultSectionSize(), view.isSortingEnabled(), view.showGrid(),
-                                                       view.verticalHeader()->isHidden(), int(view.selectionBehavior()),
-                                                       int(view.editTriggers()), view.styleSheet().isEmpty()})
-                              << QVariant(QVariantList{QSize(1400, 600), 30, 27, 80, false, false, true, int(QAbstractItemView::SelectRows), 0, false});
-        QTest::newRow("frozen view") << QVariant(QVariantList{frozen->objectName(), frozen->verticalHeader()->defaultSectionSize(),
-                                                              frozen->horizontalHeader()->height(), int(frozen->horizontalScrollBarPolicy()),
-                                                              int(frozen->verticalScrollBarPolicy()), frozen->showGrid(), int(frozen->selectionBehavior()),
-                                                              frozen->model() == view.model(), frozen->selectionModel() == view.selectionModel(),
-                                                              frozen->itemDelegate() == view.itemDelegate()})
-                                     << QVariant(QVariantList{"frozenTableView", 30, 27, int(Qt::ScrollBarAlwaysOff), int(Qt::ScrollBarAlwaysOff),
-                                                              false, int(QAbstractItemView::SelectRows), true, true, true});
+                                                       view.horizontalHeader()->defaultSectionSize(), view.isSortingEnabled(),
+                                                       view.styleSheet().isEmpty(), frozen->objectName(), frozen->verticalHeader()->defaultSectionSize(),
+                                                       frozen->horizontalHeader()->height(), int(frozen->horizontalScrollBarPolicy()),
+                                                       int(frozen->verticalScrollBarPolicy()), frozen->selectionModel() == view.selectionModel()})
+                              << QVariant(QVariantList{QSize(1400, 600), 30, 27, 80, false, false, "frozenTableView", 30, 27,
+                                                       int(Qt::ScrollBarAlwaysOff), int(Qt::ScrollBarAlwaysOff), true});
         const _TableHHeaderData h;
         QTest::newRow("column defaults") << QVariant(QVariantList{h.defaultValue, h.isShow, h.isChangeColor, int(h.alignment)})
                                          << QVariant(QVariantList{"--", true, false, int(Qt::AlignCenter)});
     }
     void contract() { compareRow(); }
-
-    // ------------------------------------------------------------ model
 
     // One cell of row 2 of a one-column model, per role.
     void cellData_data()
@@ -261,7 +213,6 @@ private Q_SLOTS:
         QTest::newRow("name") << cell(column("Name"), {}, show) << QVariant("N600002");
         QTest::newRow("volume number") << cell(column("RedVolume"), {{"RedVolume", "1234.5"}}, show) << QVariant(1234.5);
         QTest::newRow("volume junk") << cell(column("GreenVolume"), {{"GreenVolume", "abc"}}, show) << QVariant(0.0);
-        QTest::newRow("volume missing") << cell(column("RedVolume"), {}, show) << QVariant(0.0);
         QTest::newRow("text value") << cell(column("Now"), now("10.50"), show) << QVariant("10.50");
         QTest::newRow("empty uses default") << cell(column("Now"), now(""), show) << QVariant("--");
         QTest::newRow("missing uses own default") << cell(own, {}, show) << QVariant("N/A");
@@ -298,13 +249,11 @@ private Q_SLOTS:
         QCOMPARE(seen + caption(3) + caption(4), QStringLiteral("Now↑ Now↓ Now↑ Now 4Now Open↑ "));
         QCOMPARE(headerSpy.at(0).at(1).toInt() * 100 + headerSpy.at(0).at(2).toInt(), 12);
         QCOMPARE(model.headerData(4, Qt::Vertical, Qt::TextAlignmentRole).toInt(), int(Qt::AlignRight | Qt::AlignVCenter));
-        QVERIFY(!model.headerData(4, Qt::Vertical).isValid() && !model.headerData(13, Qt::Horizontal).isValid());
-        QVERIFY(!model.headerData(-1, Qt::Horizontal).isValid());
+        QVERIFY(!model.headerData(4, Qt::Vertical).isValid() && !model.headerData(13, Qt::Horizontal).isValid() && !model.headerData(-1, Qt::Horizontal).isValid());
         headerSpy.clear();
         model.setSortState(QStringLiteral("Now"), UxSortDescending); // the widget's default sort refreshes the header
         QCOMPARE(caption(3) + caption(4) + QString::number(headerSpy.count()), QStringLiteral("Now↓ Open 1"));
         model.toggleSortState(3);
-        QCOMPARE(model.sortState(3), int(UxSortAscending));
         model.toggleSortState(0);
         QCOMPARE(model.sortState(0) * 10 + model.sortState(3), 10);
         model.setSortState(QStringLiteral("Open"), UxSortAscending);
@@ -314,6 +263,7 @@ private Q_SLOTS:
         model.toggleSortState(99), model.toggleSortState(-1);
         QCOMPARE(model.sortState(3) * 100 + model.sortState(99) * 10 + model.sortState(-1), 100);
     }
+
     void badIndexesAndSetData()
     {
         UxTableModel model;
@@ -324,8 +274,7 @@ private Q_SLOTS:
         model.setHeaderDatas(quoteColumns());
         for (const QModelIndex& bad : {other.index(40, 1), other.index(1, 40), QModelIndex()})
             QVERIFY(!model.data(bad).isValid() && !model.setData(bad, QStringLiteral("x")));
-        QCOMPARE(model.flags(QModelIndex()), Qt::NoItemFlags);
-        QVERIFY(model.flags(model.index(0, 0)) & Qt::ItemIsEditable);
+        QVERIFY(model.flags(QModelIndex()) == Qt::NoItemFlags && (model.flags(model.index(0, 0)) & Qt::ItemIsEditable));
         QCOMPARE(model.rowCount(model.index(0, 0)) + model.columnCount(model.index(0, 0)), 0);
         QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
         auto set = [&model](int col, const char* text) { return model.setData(model.index(1, col), QString::fromUtf8(text)); };
@@ -333,8 +282,8 @@ private Q_SLOTS:
         // The same code or name, and the sequence column, store nothing and say so with true.
         QVERIFY(set(1, "600001") && set(2, "N600001") && set(0, "99"));
         QVERIFY(!model.setData(model.index(1, 3), QStringLiteral("9"), Qt::DisplayRole));
-        QCOMPARE(changed.count(), 0);
-        QCOMPARE(model.data(model.index(1, 0)).toString() + model.data(model.index(1, 3)).toString(), QStringLiteral("2--"));
+        QCOMPARE(model.data(model.index(1, 0)).toString() + model.data(model.index(1, 3)).toString() + QString::number(changed.count()),
+                 QStringLiteral("2--0"));
         QVERIFY(set(3, "12.30") && set(3, "12.30"));
         QCOMPARE(model.data(model.index(1, 3)).toString(), QStringLiteral("12.30"));
         QCOMPARE(changed.count(), 1);
@@ -345,45 +294,37 @@ private Q_SLOTS:
         QCOMPARE(model.data(model.index(1, 3)).toString() + model.data(model.index(1, 2)).toString(), QStringLiteral("7N000001"));
         QCOMPARE(changed.count(), 4);
     }
+
+    // Each key as "type value".
     void sortKeys_data()
     {
         addColumns();
-        auto key = [](const char* text) { return UxTableModel::toNumber(QString::fromUtf8(text)); };
-        auto u = [](qulonglong v) { return QVariant::fromValue(v); };
-        QTest::newRow("yi") << key("1.20亿") << u(120000000);
-        QTest::newRow("wan") << key("9.90万") << u(99000);
-        QTest::newRow("wan, big") << key("12345.5万") << u(123455000);
-        QTest::newRow("percent") << key("12.5%") << QVariant(12.5);
-        QTest::newRow("junk") << key("abc") << QVariant(0.0);
-        QTest::newRow("wan without point") << key("12万") << QVariant(0.0);
-        QTest::newRow("negative wan wraps") << key("-1.50万") << u(qulonglong(-15000));
-        QTest::newRow("two points") << key("1.2.3万") << u(0);
-        QTest::newRow("point without decimals") << key("5.万") << QVariant(0.0);
-        QTest::newRow("text before") << key("约1.5万") << u(0);
-        QTest::newRow("full-width digits") << key("１.５万") << QVariant(0.0);
-        QTest::newRow("whole percent") << key("3%") << QVariant(3.0);
-        QTest::newRow("bare percent") << key("%") << QVariant(0.0);
-        QTest::newRow("negative percent") << key("-2.5%") << QVariant(-2.5);
-        QTest::newRow("empty") << key("") << QVariant(0.0);
-        QTest::newRow("wan before yi") << key("1.5亿2.5万") << u(0);
-        QTest::newRow("yi, two points") << key("7.5.1亿") << u(0);
+        auto keys = [](const QStringList& texts) {
+            QStringList out;
+            for (const QString& t : texts)
+                out << QStringLiteral("%1 %2").arg(QLatin1String(UxTableModel::toNumber(t).typeName()), UxTableModel::toNumber(t).toString());
+            return list(out);
+        };
+        QTest::newRow("units") << keys({"1.20亿", "9.90万", "12345.5万", "-1.50万"})
+                               << list({"qulonglong 120000000", "qulonglong 99000", "qulonglong 123455000", "qulonglong 18446744073709536616"});
+        QTest::newRow("percents") << keys({"12.5%", "3%", "-2.5%", "%"}) << list({"double 12.5", "double 3", "double -2.5", "double 0"});
+        QTest::newRow("a unit needs digits, a point and digits") << keys({"12万", "5.万", "１.５万", "1.2.3万", "约1.5万", "7.5.1亿", "1.5亿2.5万"})
+            << list({"double 0", "double 0", "double 0", "qulonglong 0", "qulonglong 0", "qulonglong 0", "qulonglong 0"});
+        QTest::newRow("plain") << keys({"abc", "-17.25", ""}) << list({"double 0", "double -17.25", "double 0"});
     }
     void sortKeys() { compareRow(); }
 
+    // Each code is also the row's amount; empty codes and unreadable times end up last.
     void sortExamples_data()
     {
         addColumns();
-        // Each code is also the row's amount; empty codes and unreadable
-        // times have no place in the order and end up last.
         auto sorted = [](int col, int order, const QStringList& codes) {
             const Values times = {{"300", "10:00:00"}, {"", "junk"}, {"100", "09:30:00"}, {"200", "14:59:59"}};
             QList<_TableData> rows;
             for (const QString& t : codes)
                 rows << makeRow(t, 1, {{QStringLiteral("Amount"), t}, {QStringLiteral("Time"), times.value(t)}}, 0, t);
             UxTableModel model;
-            model.setHeaderDatas(quoteColumns());
-            model.setTableData(rows);
-            model.sort(col, Qt::SortOrder(order));
+            model.setHeaderDatas(quoteColumns()), model.setTableData(rows), model.sort(col, Qt::SortOrder(order));
             return list(codesOf(model.tableDatas()));
         };
         const QStringList units = {"1.20亿", "9.90万", "12.5%", "abc"}, timed = {"300", "", "100", "200"};
@@ -403,69 +344,39 @@ private Q_SLOTS:
     }
     void sortExamples() { compareRow(); }
 
-    // Random rows: each neighbour pair in order by the plain comparison. The
-    // rows then change between sorts, so kept keys must follow every update,
-    // edit, code sort and reset: each later sort equals a fresh model's.
-    void sortRandomRows_data()
+    // The keys kept from the last sort follow every update, edit, code sort and reset.
+    void sortAfterChanges()
     {
-        QTest::addColumn<int>("col");
-        QTest::addColumn<int>("order");
-        for (int col : {10, 1, 2, 11, 110, 101, 102, 111})
-            QTest::newRow(qPrintable(QStringLiteral("column %1 order %2").arg(col % 100).arg(col / 100))) << col % 100 << col / 100;
-    }
-    void sortRandomRows()
-    {
-        QFETCH(int, col);
-        QFETCH(int, order);
-        const QString feild = quoteColumns().at(col).feild;
-        QRandomGenerator rng(20240611 + col);
-        static const QStringList prefixes = {"SH", "sz", "平安", "HK", ""};
+        QRandomGenerator rng(20240611);
         QList<_TableData> rows;
-        for (int i = 0; i < 1500; ++i) {
-            const QString code = QString::number(rng.bounded(400) * 7 + 100); // codes repeat, some with letters
-            const QString time = QTime(9, 30).addSecs(rng.bounded(20000)).toString(QStringLiteral("HH:mm:ss"));
-            rows << makeRow((rng.bounded(3) ? QString() : prefixes.at(rng.bounded(5))) + code, rng.bounded(3),
-                            {{"Amount", mixedValue(rng)}, {"Time", time}}, 0, QString::number(i));
-        }
+        for (int i = 0; i < 1500; ++i)
+            rows << makeRow(QStringLiteral("%1%2").arg(rng.bounded(2) ? "" : "SH").arg(rng.bounded(400) * 7 + 100), rng.bounded(3),
+                            {{"Amount", mixedValue(rng)}}, 0, QString::number(i));
         UxTableModel model, fresh;
         model.setHeaderDatas(quoteColumns()), fresh.setHeaderDatas(quoteColumns());
         model.setTableData(rows);
-        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-        model.sort(col, Qt::SortOrder(order));
-        QCOMPARE(range(changed.at(0)), QStringLiteral("0,0-1499,12 []"));
-        const QList<_TableData> out = model.tableDatas();
-        for (int i = 1; i < rows.size(); ++i) {
-            const QVariant a = refKey(out.at(i - 1), feild), b = refKey(out.at(i), feild);
-            if (order ? refLess(a, b) : refLess(b, a))
-                QFAIL(qPrintable(QStringLiteral("row %1: %2 after %3").arg(i).arg(b.toString(), a.toString())));
-        }
-        QStringList before = codesOf(rows), after = codesOf(out);
-        std::sort(before.begin(), before.end()), std::sort(after.begin(), after.end());
-        QCOMPARE(after, before);
-        for (int round = 0; round < 6 && col == 10; ++round) {
+        for (int round = 0; round < 6; ++round) {
             const int n = model.rowCount();
             for (int i = 0; i < 60; ++i) {
                 _TableData u = model.tableDatas().at(rng.bounded(n));
-                u.values.insert(feild, mixedValue(rng));
-                model.updateRow(u);
-                model.setData(model.index(rng.bounded(n), col), mixedValue(rng));
+                u.values.insert(QStringLiteral("Amount"), mixedValue(rng));
+                model.updateRow(u), model.setData(model.index(rng.bounded(n), 10), mixedValue(rng));
             }
             if (round % 3 == 1)
                 model.sort(1, Qt::DescendingOrder); // the kept keys move with the rows
             if (round == 4)
                 model.setTableData(rows.mid(0, 900));
             fresh.setTableData(model.tableDatas());
-            fresh.sort(col, Qt::SortOrder(round % 2)), model.sort(col, Qt::SortOrder(round % 2));
+            fresh.sort(10, Qt::SortOrder(round % 2)), model.sort(10, Qt::SortOrder(round % 2));
             QCOMPARE(codesOf(model.tableDatas()), codesOf(fresh.tableDatas()));
         }
     }
     void updateRows()
     {
         UxTableModel model;
-        model.setHeaderDatas(quoteColumns());
         QList<_TableData> rows = makeRows(5);
         rows[3] = makeRow(QStringLiteral("600001")), rows[4] = makeRow(QStringLiteral("600001"), 2); // row 1 again, and in another market
-        model.setTableData(rows);
+        model.setHeaderDatas(quoteColumns()), model.setTableData(rows);
         QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
         auto text = [&model](int row, int col) { return model.data(model.index(row, col)).toString(); };
         _TableData update = makeRow(QStringLiteral("600001"), 1, now("8.88"));
@@ -480,14 +391,12 @@ private Q_SLOTS:
         model.sort(1, Qt::DescendingOrder); // the row moves with a sort and is still found
         model.updateRow(makeRow(QStringLiteral("600000"), 1, now("1.11")));
         QCOMPARE(text(4, 3), QStringLiteral("1.11"));
-        // updateAllRows copies identity and names over rows of the same count
-        // only, for the first three columns.
+        // updateAllRows copies identity and names, for a list of the same size only.
         model.setTableData(makeRows(3));
         model.updateRow(makeRow(QStringLiteral("600000"), 1, now("5")));
         changed.clear();
         const QList<_TableData> fresh = {makeRow(QStringLiteral("A"), 7, now("9"), 1, QStringLiteral("ka")), makeRow("B"), makeRow("C")};
-        model.updateAllRows(fresh.mid(0, 2));
-        model.updateAllRows(fresh);
+        model.updateAllRows(fresh.mid(0, 2)), model.updateAllRows(fresh);
         QCOMPARE(changed.count(), 1);
         QCOMPARE(range(changed.at(0)), QStringLiteral("0,0-2,2 []"));
         const _TableData first = model.tableDatas().at(0);
@@ -499,8 +408,8 @@ private Q_SLOTS:
         model.updateAllRows(fresh);
         QCOMPARE(range(changed.at(2)), QStringLiteral("0,0-2,0 []"));
     }
-    // Row 1 after one update: the price shown, the timers running and the
-    // tinted cells.
+
+    // Row 1 after one update: the price shown, the timers running and the tinted cells.
     void tintConditions_data()
     {
         addColumns();
@@ -509,11 +418,8 @@ private Q_SLOTS:
             QList<_TableHHeaderData> cols = quoteColumns();
             cols.move(3, nowColumn);
             model.setHeaderDatas(cols);
-            QList<_TableData> rows = makeRows(2);
-            rows[1].values = now(QStringLiteral("5.00"));
-            model.setTableData(rows);
-            model.setBackgroundColorChangedEnable(enabled);
-            model.setIsPageChanged(pageChanged);
+            model.setTableData({makeRow("600000"), makeRow("600001", 1, now("5.00"))});
+            model.setBackgroundColorChangedEnable(enabled), model.setIsPageChanged(pageChanged);
             model.updateRow(makeRow(QStringLiteral("600001"), 1, now(price), riseFall));
             QStringList out{model.data(model.index(1, nowColumn)).toString(), QString::number(activeTimers(model))};
             for (int c = 0; c < model.columnCount(); ++c)
@@ -527,20 +433,16 @@ private Q_SLOTS:
         QTest::newRow("page changed") << tints(true, true, "5.01", 0, 3) << list({"5.01", "1"});
         QTest::newRow("same price") << tints(true, false, "5.00", 0, 3) << list({"5.00", "1"});
         QTest::newRow("neither rise nor fall") << tints(true, false, "5.01", 2, 3) << list({"5.01", "1"});
-        QTest::newRow("price in frozen column 0") << tints(true, false, "5.01", 0, 0) << list({"5.01", "1"});
         QTest::newRow("price in frozen column 2") << tints(true, false, "5.01", 0, 2) << list({"5.01", "1"});
     }
     void tintConditions() { compareRow(); }
 
-    // Each update takes an idle timer; a time-out clears the oldest pending
-    // row and runs again while rows are pending.
+    // Each update takes an idle timer; a time-out clears the oldest pending row, again while rows are pending.
     void tintTimers()
     {
         UxTableModel model;
-        model.setHeaderDatas(quoteColumns());
-        model.setTableData(makeRows(12));
-        model.setBackgroundColorChangedEnable(true);
-        model.setIsPageChanged(false);
+        model.setHeaderDatas(quoteColumns()), model.setTableData(makeRows(12));
+        model.setBackgroundColorChangedEnable(true), model.setIsPageChanged(false);
         QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
         auto tint = [&model](int row) { return model.backgroundColorAt(model.index(row, 3)).name() + ' '; };
         const QList<QTimer*> timers = model.findChildren<QTimer*>();
@@ -553,8 +455,7 @@ private Q_SLOTS:
         changed.clear();
         fire(timers.at(1));
         QCOMPARE(tint(1) + tint(2) + QString::number(timers.at(1)->isActive()), QStringLiteral("#000000 #d3f2de 1")); // row 2 pending
-        fire(timers.at(1));
-        fire(timers.at(1)); // nothing pending
+        fire(timers.at(1)), fire(timers.at(1)); // then nothing pending
         QCOMPARE(tint(2) + QString::number(timers.at(1)->isActive()), QStringLiteral("#000000 0"));
         QCOMPARE(changed.count(), 2);
         QCOMPARE(range(changed.at(0)) + range(changed.at(1)), QStringLiteral("1,0-1,12 [8]2,0-2,12 [8]"));
@@ -567,23 +468,19 @@ private Q_SLOTS:
         fire(timers.at(0));
         QCOMPARE(tint(3) + QString::number(changed.count()), QStringLiteral("#000000 0"));
     }
+
     void visibleCodes_data()
     {
         addColumns();
         UxTableModel model;
         model.setTableData(makeRows(4));
-        QTest::newRow("middle") << list(model.visibleCodes(1, 2)) << list({"600001-1", "600002-1"});
-        QTest::newRow("past the end") << list(model.visibleCodes(2, 100)) << list({"600002-1", "600003-1"});
-        QTest::newRow("huge count") << list(model.visibleCodes(3, INT_MAX)) << list({"600003-1"});
-        QTest::newRow("one") << list(model.visibleCodes(0, 1)) << list({"600000-1"});
-        QTest::newRow("negative first") << list(model.visibleCodes(-1, 2)) << list({});
-        QTest::newRow("first at end") << list(model.visibleCodes(4, 2)) << list({});
-        QTest::newRow("zero count") << list(model.visibleCodes(0, 0)) << list({});
+        QTest::newRow("inside") << list(model.visibleCodes(1, 2) + model.visibleCodes(0, 1)) << list({"600001-1", "600002-1", "600000-1"});
+        QTest::newRow("past the end") << list(model.visibleCodes(2, 100) + model.visibleCodes(3, INT_MAX)) << list({"600002-1", "600003-1", "600003-1"});
+        QTest::newRow("nothing") << list(model.visibleCodes(-1, 2) + model.visibleCodes(4, 2) + model.visibleCodes(0, 0)) << list({});
     }
     void visibleCodes() { compareRow(); }
 
-    // Qt's item-model rules in fatal mode while bursts of updates, resets,
-    // sorts and edits go through the model and a proxy on top of it.
+    // Qt's item-model rules, in fatal mode, under bursts of updates, resets, sorts and edits.
     void quoteModelContract()
     {
         QRandomGenerator rng(20240611);
@@ -594,10 +491,7 @@ private Q_SLOTS:
             return list;
         };
         UxTableModel model;
-        QSortFilterProxyModel proxy;
-        proxy.setSourceModel(&model);
         QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
-        QAbstractItemModelTester proxyTester(&proxy, QAbstractItemModelTester::FailureReportingMode::Fatal);
         model.setBackgroundColorChangedEnable(true), model.setIsPageChanged(false);
         for (int burst = 0; burst < 30; ++burst) {
             if (burst % 5 == 0)
@@ -610,45 +504,41 @@ private Q_SLOTS:
             model.sort(int(rng.bounded(quint32(cols) + 1)), Qt::SortOrder(rng.bounded(2)));
             model.updateAllRows(rows(n, 7)), model.updateAllRows(rows(n + 1, 0));
             model.toggleSortState(int(rng.bounded(16)) - 2);
-            proxy.sort(int(rng.bounded(4)));
             for (QTimer* t : model.findChildren<QTimer*>())
                 if (t->isActive() && rng.bounded(2))
                     fire(t);
-            for (int r = 0; r < n; ++r)
-                for (int role = 0; role < Qt::UserRole + 2; ++role)
-                    model.data(model.index(r, r % qMax(1, cols)), role);
         }
     }
-    // Hits: a full record, a missing one and a short one; then the groups
-    // "命令" (one string, two strings, none) and "功能" (two strings).
+
+    // Hits (full, missing, short), then groups "命令" (one string, two, none) and "功能" (two strings).
     void quickMacroRows_data()
     {
         addColumns();
-        static quickMacroItem full{{"沪A", "600000", "浦发银行", "PFYH"}, "view://stock"}, shortOne{{"short"}, {}};
-        static DataModel model;
+        quickMacroItem full{{"沪A", "600000", "浦发银行", "PFYH"}, "view://stock"}, shortOne{{"short"}, {}};
+        DataModel model;
         QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
         model.resetData({&full, nullptr, &shortOne}, {"命令", "功能"}, {{{"打开"}, {"61", "沪A涨幅排名"}, {}}, {{"F10", "资料"}}});
-        auto at = [](int row, int col, int role) { return model.data(model.index(row, col), role); };
-        const int show = Qt::DisplayRole, kind = Qt::UserRole;
+        // Display text of columns 0 to 2, then the kind, per row; "-" for nothing.
+        auto row = [&model](int r) {
+            QStringList out;
+            for (int c : {0, 1, 2, -1}) {
+                const QVariant v = model.data(model.index(r, qMax(c, 0)), c < 0 ? Qt::UserRole : Qt::DisplayRole);
+                out << (v.isValid() ? v.toString() : QStringLiteral("-"));
+            }
+            return list(out);
+        };
         QTest::newRow("size") << QVariant(QVariantList{reset.count(), model.rowCount(), model.columnCount()}) << QVariant(QVariantList{1, 7, 3});
-        QTest::newRow("tag cell text") << at(0, 0, show) << QVariant(QString());
-        QTest::newRow("code") << at(0, 1, show) << QVariant("600000");
-        QTest::newRow("name") << at(0, 2, show) << QVariant("浦发银行");
-        QTest::newRow("kind") << at(0, 2, kind) << QVariant("沪A");
-        QTest::newRow("alignment") << at(4, 1, Qt::TextAlignmentRole) << QVariant(129);
-        QTest::newRow("other role") << at(0, 1, Qt::ToolTipRole) << QVariant();
-        QTest::newRow("missing record") << at(1, 1, show) << QVariant();
-        QTest::newRow("short record") << at(2, 2, show) << QVariant();
-        QTest::newRow("short record kind") << at(2, 1, kind) << QVariant("short");
-        QTest::newRow("group entry") << at(3, 1, show) << QVariant("打开");
-        QTest::newRow("group entry, one string") << at(3, 2, show) << QVariant();
-        QTest::newRow("group entry, two strings") << at(4, 2, show) << QVariant("沪A涨幅排名");
-        QTest::newRow("group name as kind") << at(5, 0, kind) << QVariant("命令");
-        QTest::newRow("empty entry") << at(5, 1, show) << QVariant();
-        QTest::newRow("second group") << at(6, 1, show) << QVariant("F10");
-        QTest::newRow("second group name") << at(6, 1, kind) << QVariant("功能");
-        QTest::newRow("past the end") << at(7, 1, kind) << QVariant();
-        QTest::newRow("invalid index") << model.data(QModelIndex(), Qt::TextAlignmentRole) << QVariant();
+        QTest::newRow("hit") << row(0) << list({"", "600000", "浦发银行", "沪A"});
+        QTest::newRow("missing hit") << row(1) << list({"", "-", "-", "-"});
+        QTest::newRow("short hit") << row(2) << list({"", "-", "-", "short"});
+        QTest::newRow("group entry, one string") << row(3) << list({"", "打开", "-", "命令"});
+        QTest::newRow("group entry, two strings") << row(4) << list({"", "61", "沪A涨幅排名", "命令"});
+        QTest::newRow("empty entry") << row(5) << list({"", "-", "-", "命令"});
+        QTest::newRow("second group") << row(6) << list({"", "F10", "资料", "功能"});
+        QTest::newRow("past the end") << row(7) << list({"-", "-", "-", "-"});
+        QTest::newRow("other roles") << QVariant(QVariantList{model.data(model.index(4, 1), Qt::TextAlignmentRole), model.data(model.index(0, 1), Qt::ToolTipRole),
+                                                              model.data(QModelIndex(), Qt::TextAlignmentRole), model.data(model.index(4, 0), Qt::UserRole)})
+                                     << QVariant(QVariantList{129, QVariant(), QVariant(), "命令"});
     }
     void quickMacroRows() { compareRow(); }
 
@@ -679,8 +569,8 @@ private Q_SLOTS:
             QCOMPARE(view.model()->rowCount(), hits + qBound(0, 200 - hits, 4));
         }
     }
-    // A selected cell keeps the model's colour (else the highlighted-text
-    // one) and gets a rule along its bottom in the view's alternate-base colour.
+
+    // A selected cell keeps the model's colour; a rule along its bottom has the view's alternate-base colour.
     void delegatePaint()
     {
         QTableView view;
@@ -713,22 +603,8 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(0, 29).name() + image.pixelColor(239, 29).name() + image.pixelColor(60, 26).name(),
                  QStringLiteral("#00c800#00c800#0000ff"));
     }
-    // The view wears the skin's table sheet and follows a skin switch; the
-    // row rule follows the sheet's alternate-background colour.
-    void skinReachesTheRule()
-    {
-        const QByteArray sheet("QTableView { background: #000000; border: none; alternate-background-color: #123456; }");
-        UxTest::writeSkin(QStringLiteral("black"), {{QStringLiteral("quote/customtable.css"), sheet}});
-        UxCore::instance()->setCurrentSkin(QStringLiteral("black"));
-        ShownView shown(20);
-        const QImage image = shown.view.grab().toImage();
-        const int ruleY = shown.view.horizontalHeader()->height() + shown.view.rowHeight(0) - 1;
-        UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
-        QCOMPARE(image.pixelColor(700, ruleY).name() + image.pixelColor(700, ruleY - 5).name(), QStringLiteral("#123456#000000"));
-        QVERIFY(!shown.view.styleSheet().contains(QStringLiteral("#123456")));
-    }
-    // Default section size, the first columns' widths in the main and the
-    // frozen view ("-" when hidden there), and the column count.
+
+    // Default section size, widths in the main and frozen view ("-": hidden there), column count.
     void columnWidths_data()
     {
         addColumns();
@@ -762,19 +638,16 @@ private Q_SLOTS:
         QTableView* frozen = view.frozenView();
         auto geometry = [&view]() {
             return QRect(view.verticalHeader()->width() + view.frameWidth(), view.frameWidth(),
-                         view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2),
-                         view.viewport()->height() + view.horizontalHeader()->height());
+                         view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2), view.viewport()->height() + view.horizontalHeader()->height());
         };
-        QVERIFY(frozen->isVisible());
-        QCOMPARE(frozen->geometry(), geometry());
+        QVERIFY(frozen->isVisible() && frozen->geometry() == geometry());
         QCOMPARE(frozen->width(), 60 + 2 * 148);
         // Widths follow in both directions, for the three frozen columns only.
         view.setColumnWidth(1, 200), frozen->setColumnWidth(2, 100), view.setColumnWidth(0, 50);
         view.setFrozenViewColumnHidden(5, false), view.setColumnWidth(5, 300);
         QCOMPARE(QStringLiteral("%1 %2 %3 %4").arg(frozen->columnWidth(1)).arg(view.columnWidth(2)).arg(frozen->columnWidth(0)).arg(frozen->width()),
                  QStringLiteral("200 100 50 350"));
-        QVERIFY(frozen->columnWidth(5) != 300);
-        QCOMPARE(frozen->geometry(), geometry());
+        QVERIFY(frozen->columnWidth(5) != 300 && frozen->geometry() == geometry() && view.updatesEnabled());
         view.resize(900, 400);
         QTRY_COMPARE(frozen->geometry(), geometry());
         // The two views scroll together.
@@ -783,10 +656,10 @@ private Q_SLOTS:
         frozen->verticalScrollBar()->setValue(3);
         QCOMPARE(view.verticalScrollBar()->value(), 3);
         view.setFrozenViewColumnHidden(0, true), view.setFrozenViewColumnHidden(10, false), view.setFrozenViewColumnHidden(-1, false);
-        QVERIFY(frozen->isColumnHidden(0));
         view.setTableViewCustomContexrtMenuEnable(true);
-        QCOMPARE(int(frozen->contextMenuPolicy()) * 10 + int(view.contextMenuPolicy()), 33);
+        QVERIFY(frozen->isColumnHidden(0) && frozen->contextMenuPolicy() == Qt::CustomContextMenu && view.contextMenuPolicy() == Qt::CustomContextMenu);
     }
+
     // Scrolling asks for three screens of rows (P rows each) around the top row.
     void requestsFollowScrollBar()
     {
@@ -794,8 +667,7 @@ private Q_SLOTS:
         UxTableView& view = shown.view;
         const int p = shown.pageRows();
         QScrollBar* bar = view.verticalScrollBar();
-        // The starts asked for while the bar takes VALUES; "?" marks codes
-        // that are not those of the rows from the start on.
+        // The starts asked for while the bar takes VALUES; "?" marks codes not from the start on.
         auto scroll = [&shown, bar](const QVector<int>& values) {
             for (int v : values)
                 bar->setValue(v);
@@ -816,8 +688,7 @@ private Q_SLOTS:
         for (int v = 1; v <= 2 * p + 1; ++v)
             down << v;
         QCOMPARE(scroll(down), QString::number(2 * p));
-        // A jump past the range starts there; a step back before it moves 2P up;
-        // up inside the first screen of the range (start excluded) too.
+        // A jump past the range starts there; a step back before it, or inside its first screen, moves 2P up.
         QCOMPARE(scroll({500, 499}), QStringLiteral("500 %1").arg(499 - 2 * p));
         QCOMPARE(scroll({499 - 2 * p, 499 - p, 499 - 2 * p + 1}), QString::number(499 - 4 * p));
         // At the end the count stays 3P, the codes stop at the last row.
@@ -826,8 +697,7 @@ private Q_SLOTS:
         QCOMPARE(shown.codes.at(0).size(), 1000 - bar->maximum());
         QCOMPARE(shown.codes.at(0).last(), QStringLiteral("600999-1"));
         QCOMPARE(scroll({}), QString::number(bar->maximum()));
-        // Dragging the slider asks once, on release; every show forces the
-        // next request, even for the same start.
+        // Dragging asks once, on release; a show forces the next request, even for the same start.
         scroll({0}), view.slotSubFirstPage(), shown.clear();
         bar->setSliderDown(true);
         QCOMPARE(scroll({300, 600}), QString());
@@ -835,20 +705,15 @@ private Q_SLOTS:
         QCOMPARE(scroll({}), QStringLiteral("600"));
         view.hide(), view.show(), view.slotSubFirstPage();
         QCOMPARE(scroll({}), QStringLiteral("600"));
-
-        // Never shown, shown with no room for a row, and without rows: no requests.
-        UxTableView hidden, flat, empty;
-        QSignalSpy hiddenSpy(&hidden, QOverload<const SubPageData&>::of(&UxTableView::sigSubPages));
-        QSignalSpy flatSpy(&flat, QOverload<const SubPageData&>::of(&UxTableView::sigSubPages));
-        QSignalSpy emptySpy(&empty, QOverload<const SubPageData&>::of(&UxTableView::sigSubPages));
-        flat.resize(600, 20);
-        flat.show();
+        // Shown with no room for a row: no requests.
+        UxTableView flat;
+        QSignalSpy asked(&flat, QOverload<const SubPageData&>::of(&UxTableView::sigSubPages));
+        flat.resize(600, 20), flat.show();
         QVERIFY(QTest::qWaitForWindowExposed(&flat));
-        for (UxTableView* v : {&hidden, &flat})
-            v->setHHeaderData(quoteColumns()), v->slotCreateTableData(makeRows(100)), v->slotSubFirstPage(), v->slotVScrollBarValueChanged(50);
-        empty.slotVScrollBarValueChanged(5);
-        QCOMPARE(hiddenSpy.count() + flatSpy.count() + emptySpy.count(), 0);
+        flat.setHHeaderData(quoteColumns()), flat.slotCreateTableData(makeRows(100)), flat.slotSubFirstPage(), flat.slotVScrollBarValueChanged(50);
+        QCOMPARE(asked.count(), 0);
     }
+
     void headerClickRequestsSort()
     {
         ShownView shown(1000);
@@ -868,8 +733,7 @@ private Q_SLOTS:
         QCOMPARE(view.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Code↑"));
         clickSection(frozenHeader, 1);
         QCOMPARE(sent(1).sortMode, int(UxSortDescending));
-        // Clicked at the top, the skip waits for the next scroll; the one
-        // after it asks with the sort field and mode.
+        // Clicked at the top, the skip waits for the next scroll; the one after asks, sorted.
         view.verticalScrollBar()->setValue(3 * p + 5);
         QCOMPARE(shown.pages.size(), 0);
         view.verticalScrollBar()->setValue(6 * p + 6);
@@ -893,16 +757,12 @@ private Q_SLOTS:
         QCOMPARE(page(), QStringLiteral("Amount2"));
         // Sorting locally: the views sort by themselves and nothing is asked;
         // the captions' arrows come back on, Qt's own indicator stays off.
-        QList<_TableData> rows = makeRows(30);
-        std::swap(rows[3], rows[17]);
-        view.slotCreateTableData(rows);
         view.setIsIndexSelected(true);
         clickSection(frozenHeader, 1);
-        QCOMPARE(sortSpy.count(), 5);
-        QVERIFY(QStringList({"600003", "600026"}).contains(view.getTableDatas().at(3).code)); // either way, sorted
-        QCOMPARE(view.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Code↑"));
+        QCOMPARE(QString::number(sortSpy.count()) + view.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("5Code↑"));
         QVERIFY(!header->isSortIndicatorShown() && !frozenHeader->isSortIndicatorShown());
     }
+
     void scrollBarsAndKeys()
     {
         ShownView shown(100);
@@ -932,10 +792,9 @@ private Q_SLOTS:
         QCOMPARE(codes, QStringList({"600002@2", "600003@3", "600004@4", "600003@3", "600003@3"}));
         QCOMPARE(view.currentIndex().row() * 100 + view.verticalScrollBar()->value(), 300);
     }
-    // 30 columns of 80 after a 60 wide first one; frozen column 2 is 80
-    // wide. The bar scrolls whole columns; x is measured in the viewport.
-    // Each row: the column reached, the bar's value afterwards, then the
-    // vertical value after scrolling to a frozen and to a scrolling cell.
+
+    // 30 columns of 80 after one of 60; the bar scrolls whole columns. Each row: the column
+    // reached, the bar then, and the vertical value after scrolling to a frozen and to another cell.
     void moveCursorAndScrollTo_data()
     {
         addColumns();
@@ -962,20 +821,16 @@ private Q_SLOTS:
     }
     void moveCursorAndScrollTo() { compareRow(); }
 
-    // The last digits of the codes after one edit of rows 0..3, and the row count.
+    // The codes' last digits after one edit of rows 0..3, then the row count.
     void rowEdits_data()
     {
         addColumns();
         auto edit = [](char op, int row, bool flag, const char* code) {
             UxTableView view;
-            view.setHHeaderData(quoteColumns());
-            view.slotCreateTableData(makeRows(4));
+            view.setHHeaderData(quoteColumns()), view.slotCreateTableData(makeRows(4));
             const _TableData data = makeRow(QString::fromLatin1(code));
             op == '+' ? view.add(data) : op == '-' ? view.remove(data) : op == 'u' ? view.moveUp(data, row, flag) : view.moveDown(data, row, flag);
-            QString last;
-            for (const QString& c : codesOf(view.getTableDatas()))
-                last += c.right(1);
-            return QVariant(last + QString::number(view.rowCount()));
+            return QVariant(codesOf(view.getTableDatas()).join(QString()).remove(QStringLiteral("60000")) + QString::number(view.rowCount()));
         };
         QTest::newRow("add") << edit('+', 0, false, "600009") << QVariant("012395");
         QTest::newRow("remove") << edit('-', 0, false, "600002") << QVariant("0133");
@@ -1032,10 +887,6 @@ private Q_SLOTS:
         view.setIsPageChanged(false);
         view.slotUpdateTable({makeRow(QStringLiteral("600002"), 1, now("3.20"), 1)});
         QCOMPARE(price(), QStringLiteral("3.20#d3f2de"));
-        QList<_TableData> renamed = makeRows(200);
-        renamed[4].name = QStringLiteral("Renamed");
-        view.slotUpdateAllTable(renamed);
-        QCOMPARE(model->data(model->index(4, 2)).toString(), QStringLiteral("Renamed"));
     }
 };
 
