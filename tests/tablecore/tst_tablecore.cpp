@@ -333,8 +333,6 @@ private Q_SLOTS:
         // A negative unit value wraps above every positive one; negative plain numbers stay below.
         QTest::newRow("negatives") << sorted(10, 0, {"3", "-1.40万", "-5", "1.20万", "-1.50万", "12万"})
                                    << list({"-5", "12万", "3", "1.20万", "-1.50万", "-1.40万"});
-        QTest::newRow("ties keep order") << sorted(10, 0, {"b", "a", "c"}) << list({"b", "a", "c"});
-        QTest::newRow("ties keep order down") << sorted(10, 1, {"b", "1", "a"}) << list({"1", "b", "a"});
         QTest::newRow("code down") << sorted(1, 1, timed) << list({"300", "200", "100", ""});
         QTest::newRow("name sorts by code") << sorted(2, 0, timed) << list({"100", "200", "300", ""});
         QTest::newRow("time up") << sorted(11, 0, timed) << list({"100", "300", "200", ""});
@@ -581,6 +579,7 @@ private Q_SLOTS:
         model.setHeaderDatas({column(QStringLiteral("Now"), true), column(QStringLiteral("Now"), false)});
         model.setTableData({makeRow(QStringLiteral("1"), 1, now("8888"), 0)});
         QImage image(240, 30, QImage::Format_RGB32);
+        image.fill(Qt::black);
         QStyleOptionViewItem option;
         option.state = QStyle::State_Selected | QStyle::State_Enabled | QStyle::State_Active;
         option.palette.setColor(QPalette::Highlight, QColor(0, 0, 255));
@@ -592,12 +591,14 @@ private Q_SLOTS:
             option.rect = QRect(120 * c, 0, 120, 30), delegate.paint(&painter, option, model.index(0, c));
         QCOMPARE(painter.pen().color(), QColor(1, 2, 3)); // the caller's pen comes back
         painter.end();
-        QSet<QRgb> left, right;
+        int n[4] = {0, 0, 0, 0}; // reddish and whitish pixels of the left cell, then of the right one
         for (int y = 0; y < 29; ++y)
-            for (int x = 0; x < 120; ++x)
-                left << image.pixel(x, y), right << image.pixel(x + 120, y);
-        const QRgb white = qRgb(255, 255, 255), rise = kRise.rgb();
-        QVERIFY(left.contains(rise) && !left.contains(white) && right.contains(white) && !right.contains(rise));
+            for (int x = 0; x < 240; ++x) {
+                const QColor c = image.pixelColor(x, y);
+                n[x / 120 * 2] += c.red() > 180 && c.green() < 110 && c.blue() < 110;
+                n[x / 120 * 2 + 1] += c.red() > 220 && c.green() > 220 && c.blue() > 220;
+            }
+        QVERIFY2(n[0] > 10 && n[1] == 0 && n[2] == 0 && n[3] > 10, qPrintable(QStringLiteral("%1 %2 %3 %4").arg(n[0]).arg(n[1]).arg(n[2]).arg(n[3])));
         // Qt 6 sets text one pixel shorter than Qt 5: row 26 is highlight in both.
         QCOMPARE(image.pixelColor(0, 29).name() + image.pixelColor(239, 29).name() + image.pixelColor(60, 26).name(),
                  QStringLiteral("#00c800#00c800#0000ff"));
