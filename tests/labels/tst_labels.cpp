@@ -55,11 +55,7 @@ QStringList lineTexts(QWidget* ticker)
     return texts;
 }
 
-void click(QWidget* w)
-{
-    QTest::mousePress(w, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
-    QTest::mouseRelease(w, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
-}
+void click(QWidget* w) { QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5)); }
 
 // The roll timer as the event dispatcher knows it: interval and type.
 QPair<int, int> rollTimer(QObject* ticker)
@@ -83,8 +79,7 @@ QPair<int, int> inkIn(QWidget* w, int top, int height)
 }
 
 // A ticker whose rolls only happen when a test asks for them.
-struct Ticker
-{
+struct Ticker {
     UxLoopLabels ticker;
     Ticker()
     {
@@ -132,13 +127,14 @@ private Q_SLOTS:
         QTest::newRow("stack minimum width") << QVariant(stackOf(&ticker)->minimumWidth()) << QVariant(200);
         QTest::newRow("record type name") << QVariant(QByteArray(QMetaType::typeName(qMetaTypeId<tagMessage>()))) << QVariant(QByteArray("Message"));
         QTest::newRow("colours start invalid") << QVariant(ticker.normalColor().isValid() || ticker.importColor().isValid() || ticker.urgencyColor().isValid()) << QVariant(false);
-        QTest::newRow("colour properties") << QVariant(UxLoopLabels::staticMetaObject.indexOfProperty("normalColor") > 0 && UxLoopLabels::staticMetaObject.indexOfProperty("importColor") > 0 && UxLoopLabels::staticMetaObject.indexOfProperty("urgencyColor") > 0) << QVariant(true);
-        for (const char* sig : {"sigClickedMsg(Message)", "slotClickedMsg(Message)", "isRepeatMsg(Message)", "updateBarMsgNumOrTime()"})
-            QTest::newRow(sig) << QVariant(UxLoopLabels::staticMetaObject.indexOfMethod(sig) >= 0) << QVariant(true);
-        for (const char* sig : {"signalClicked(Message)", "signalHovered(bool)", "setLabelData(Message)"})
-            QTest::newRow(sig) << QVariant(UxBottomLabel::staticMetaObject.indexOfMethod(sig) >= 0) << QVariant(true);
-        static UxBottomLabel line(nth(1));
-        QTest::newRow("line minimum width") << QVariant(line.minimumWidth()) << QVariant(200);
+        const QMetaObject &loop = UxLoopLabels::staticMetaObject, &line = UxBottomLabel::staticMetaObject;
+        for (const char* p : {"normalColor", "importColor", "urgencyColor"})
+            QTest::newRow(p) << QVariant(loop.indexOfProperty(p) > 0) << QVariant(true);
+        for (const char* sig : {"sigClickedMsg(Message)", "slotClickedMsg(Message)", "isRepeatMsg(Message)", "updateBarMsgNumOrTime()",
+                                "signalClicked(Message)", "signalHovered(bool)", "setLabelData(Message)"})
+            QTest::newRow(sig) << QVariant(loop.indexOfMethod(sig) >= 0 || line.indexOfMethod(sig) >= 0) << QVariant(true);
+        static UxBottomLabel label(nth(1));
+        QTest::newRow("line minimum width") << QVariant(label.minimumWidth()) << QVariant(200);
         static UxCustomToolButton button;
         QTest::newRow("button name") << QVariant(button.objectName()) << QVariant(QStringLiteral("UXFILTER_TOOLBUTTON"));
         QTest::newRow("menu name") << QVariant(button.menu()->objectName()) << QVariant(QStringLiteral("TOOLBUTTON_MENU"));
@@ -161,30 +157,28 @@ private Q_SLOTS:
     {
         QTest::addColumn<int>("call"); // what is done to a stopped ticker
         QTest::addColumn<int>("interval"); // -1: stopped
-        QTest::newRow("show") << 0 << 4000;
-        QTest::newRow("barMsgEnable(true)") << 1 << 4000;
-        QTest::newRow("setTimerStatus(true)") << 2 << 3000;
-        QTest::newRow("setIntervalTime(250)") << 3 << 250;
-        QTest::newRow("setDurationTime(0)") << 4 << 3000;
-        QTest::newRow("setDurationTime(1000): same, nothing") << 5 << -1;
-        QTest::newRow("reset ends stopped") << 6 << -1;
-        QTest::newRow("hide") << 7 << -1;
+        QTest::addColumn<int>("resumed"); // after barMsgEnable(true)
+        QTest::newRow("show") << 0 << 4000 << 4000;
+        QTest::newRow("barMsgEnable(true)") << 1 << 4000 << 4000;
+        QTest::newRow("setTimerStatus(true)") << 2 << 3000 << 3000;
+        QTest::newRow("setIntervalTime(250)") << 3 << 250 << 250;
+        QTest::newRow("setDurationTime(0)") << 4 << 3000 << 3000;
+        QTest::newRow("setDurationTime(1000): same, nothing") << 5 << -1 << 4000;
+        QTest::newRow("reset ends stopped") << 6 << -1 << 3000;
+        QTest::newRow("hide") << 7 << -1 << 4000;
     }
     void timerSettings()
     {
         QFETCH(int, call);
-        QFETCH(int, interval);
         Ticker t;
         call == 0 || call == 7 ? t.ticker.show() : void();
         call == 1 ? t.ticker.barMsgEnable(true) : call == 2 ? t.ticker.setTimerStatus(true) : void();
         call == 3 || call == 6 ? t.ticker.setIntervalTime(250) : void();
         call == 4 || call == 5 ? t.ticker.setDurationTime(call == 4 ? 0 : 1000) : void();
         call == 6 ? t.ticker.updateBarMsgNumOrTime() : call == 7 ? t.ticker.hide() : void();
-        QCOMPARE(rollTimer(&t.ticker).first, interval);
-        if (call == 6) { // the reset also sets the interval to 3000
-            t.ticker.barMsgEnable(true);
-            QCOMPARE(rollTimer(&t.ticker).first, 3000);
-        }
+        QTEST(rollTimer(&t.ticker).first, "interval");
+        t.ticker.barMsgEnable(true);
+        QTEST(rollTimer(&t.ticker).first, "resumed");
     }
 
     void rollsWrapsAndFills()
