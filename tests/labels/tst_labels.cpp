@@ -73,8 +73,7 @@ QPair<int, int> inkIn(QWidget* w, int top, int height)
     QPair<int, int> ink(INT_MAX, -1);
     for (int y = qMax(0, top); y < qMin(image.height(), top + height); ++y)
         for (int x = 0; x < image.width(); ++x)
-            if (qRed(image.pixel(x, y)) < 128)
-                ink = qMakePair(qMin(ink.first, x), qMax(ink.second, x));
+            if (qRed(image.pixel(x, y)) < 128) ink = qMakePair(qMin(ink.first, x), qMax(ink.second, x));
     return ink;
 }
 
@@ -89,8 +88,7 @@ struct Ticker {
     }
     void add(int from, int to)
     {
-        for (int i = from; i <= to; ++i)
-            ticker.addMessages(nth(i));
+        for (int i = from; i <= to; ++i) ticker.addMessages(nth(i));
     }
 };
 
@@ -117,8 +115,7 @@ private Q_SLOTS:
 
     void contract_data()
     {
-        QTest::addColumn<QVariant>("actual");
-        QTest::addColumn<QVariant>("expected");
+        QTest::addColumn<QVariant>("actual"); QTest::addColumn<QVariant>("expected");
         static UxLoopLabels ticker;
         QTest::newRow("ticker name") << QVariant(ticker.objectName()) << QVariant(QStringLiteral("UxLoopLabels"));
         QTest::newRow("4000 ms coarse roll") << QVariant::fromValue(rollTimer(&ticker)) << QVariant::fromValue(qMakePair(4000, int(Qt::CoarseTimer)));
@@ -150,8 +147,6 @@ private Q_SLOTS:
         QFETCH(QVariant, actual);
         QTEST(actual, "expected");
     }
-
-    // --- message ticker -----------------------------------------------------
 
     void timerSettings_data()
     {
@@ -236,8 +231,7 @@ private Q_SLOTS:
 
     void levelColours_data()
     {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QColor>("colour");
+        QTest::addColumn<int>("level"); QTest::addColumn<QColor>("colour");
         QTest::newRow("normal") << 0 << QColor(10, 120, 10);
         QTest::newRow("important") << 1 << QColor(200, 120, 0);
         QTest::newRow("urgent") << 4 << QColor(220, 0, 0);
@@ -246,8 +240,7 @@ private Q_SLOTS:
     }
     void levelColours()
     {
-        QFETCH(int, level);
-        QFETCH(QColor, colour);
+        QFETCH(int, level); QFETCH(QColor, colour);
         Ticker t;
         t.ticker.setNormalColor(QColor(10, 120, 10));
         t.ticker.setImportColor(QColor(200, 120, 0));
@@ -263,9 +256,7 @@ private Q_SLOTS:
 
     void clickOpensPage_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<int>("id");
-        QTest::addColumn<bool>("deleteTicker");
+        QTest::addColumn<QString>("type"); QTest::addColumn<int>("id"); QTest::addColumn<bool>("deleteTicker");
         for (int i = 0; i <= 5; ++i)
             QTest::addRow("type %d", i) << QString::number(i) << (i >= 1 && i <= 4 ? i - 1 : 0) << false;
         QTest::newRow("not a number") << "alert" << 0 << false;
@@ -274,8 +265,7 @@ private Q_SLOTS:
     }
     void clickOpensPage()
     {
-        QFETCH(QString, type);
-        QFETCH(bool, deleteTicker);
+        QFETCH(QString, type); QFETCH(bool, deleteTicker);
         auto* statusBar = new QWidget;
         auto* ticker = new UxLoopLabels(statusBar);
         connect(ticker, &UxLoopLabels::sigClickedMsg, ticker, &UxLoopLabels::slotClickedMsg);
@@ -299,18 +289,15 @@ private Q_SLOTS:
 
     void elision_data()
     {
-        QTest::addColumn<bool>("mainWindow");
-        QTest::addColumn<int>("limit");
+        QTest::addColumn<bool>("mainWindow"); QTest::addColumn<int>("limit");
         QTest::newRow("half the main window") << true << 350;
         QTest::newRow("half the parent") << false << 250;
     }
     void elision()
     {
-        QFETCH(bool, mainWindow);
-        QFETCH(int, limit);
+        QFETCH(bool, mainWindow); QFETCH(int, limit);
         m_main->resize(700, 300);
-        if (!mainWindow)
-            UxCore::instance()->setMainWindow(nullptr);
+        if (!mainWindow) UxCore::instance()->setMainWindow(nullptr);
         Ticker t;
         stackOf(&t.ticker)->resize(500, 24);
         tagMessage m = nth(1);
@@ -328,16 +315,11 @@ private Q_SLOTS:
         QCOMPARE(lineAt(&t.ticker, 1)->text(), QStringLiteral("2024/03/05 09:30:02 m2"));
     }
 
-    // --- indent label -------------------------------------------------------
-
     void indentLabel_data()
     {
         QTest::addColumn<int>("lines"); // label height in lines
-        QTest::addColumn<int>("indent");
-        QTest::addColumn<int>("chars");
-        QTest::addColumn<bool>("linkFlag");
-        QTest::addColumn<int>("inkLines");
-        QTest::addColumn<bool>("linkShown");
+        QTest::addColumn<int>("indent"); QTest::addColumn<int>("chars"); QTest::addColumn<bool>("linkFlag");
+        QTest::addColumn<int>("inkLines"); QTest::addColumn<bool>("linkShown");
         QTest::newRow("fits, link off") << 3 << 0 << 5 << false << 1 << false;
         QTest::newRow("fits, link on") << 3 << 0 << 5 << true << 1 << true;
         QTest::newRow("two lines") << 3 << 0 << 30 << false << 2 << false;
@@ -348,10 +330,7 @@ private Q_SLOTS:
     }
     void indentLabel()
     {
-        QFETCH(int, lines);
-        QFETCH(int, indent);
-        QFETCH(int, chars);
-        QFETCH(bool, linkFlag);
+        QFETCH(int, lines); QFETCH(int, indent); QFETCH(int, chars); QFETCH(bool, linkFlag);
         QWidget host;
         UxNewIndentLabel label(&host);
         QFont font(QStringLiteral("DejaVu Sans Mono"));
@@ -367,8 +346,7 @@ private Q_SLOTS:
         host.show();
         QVERIFY(QTest::qWaitForWindowExposed(&host));
         QFETCH(int, inkLines);
-        for (int k = 0; k < lines; ++k)
-            QCOMPARE(inkIn(&label, k * ls, ls).second >= 0, k < inkLines);
+        for (int k = 0; k < lines; ++k) QCOMPARE(inkIn(&label, k * ls, ls).second >= 0, k < inkLines);
         QTEST(label.linkLabel()->isVisible(), "linkShown");
         // The first line starts after the indent of the simplified message.
         const int first = inkIn(&label, 0, ls).first;
@@ -384,12 +362,9 @@ private Q_SLOTS:
         }
     }
 
-    // --- filter tool button -------------------------------------------------
-
     void toolButtonChoice_data()
     {
-        QTest::addColumn<QStringList>("choices");
-        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("choices"); QTest::addColumn<QString>("text");
         QTest::addColumn<int>("checked"); // -1: none
         QTest::newRow("trigger B") << QStringList{"B"} << "B" << 1;
         QTest::newRow("back and forth") << QStringList{"A", "C", "A"} << "A" << 0;
@@ -400,8 +375,7 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, choices);
         UxCustomToolButton button;
-        for (int i = 0; i < 3; ++i)
-            button.addActionToMenu(QString(QChar('A' + i)), i + 1);
+        for (int i = 0; i < 3; ++i) button.addActionToMenu(QString(QChar('A' + i)), i + 1);
         QSignalSpy clicked(&button, &QToolButton::clicked);
         const QList<QAction*> actions = button.menu()->actions();
         int triggers = 0;
