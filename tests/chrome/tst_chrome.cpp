@@ -528,6 +528,7 @@ private Q_SLOTS:
         QTest::newRow("time pop-up grid") << 229 - 16 << 0 << 10;
         QTest::newRow("spaced") << 100 << 4 << 3;
         QTest::newRow("wider than one item") << 10 << 0 << 1;
+        QTest::newRow("wider than one item, spaced") << 10 << 4 << 1; // an empty row never wraps
     }
     void flow()
     {

@@ -188,14 +188,16 @@ private Q_SLOTS:
         t.ticker.addMessages(repeat);
         QCOMPARE(stack->count(), 1);
         QCOMPARE(slideOf(&t.ticker)->state(), QAbstractAnimation::Stopped);
-        // A hovered line pauses the slide.
-        QEvent enter(QEvent::Enter), leave(QEvent::Leave);
-        QCoreApplication::sendEvent(lineAt(&t.ticker, 0), &enter);
-        t.add(2, 2);
+        t.add(2, 2); // each new line rolls in
+        QTRY_COMPARE(stack->currentIndex(), 1);
+        QEvent enter(QEvent::Enter), leave(QEvent::Leave); // but not while a line is hovered
+        QCoreApplication::sendEvent(lineAt(&t.ticker, 1), &enter);
+        t.add(3, 3);
         QCOMPARE(slideOf(&t.ticker)->state(), QAbstractAnimation::Stopped);
-        QCOMPARE(lineAt(&t.ticker, 0)->cursor().shape(), Qt::PointingHandCursor);
-        QCoreApplication::sendEvent(lineAt(&t.ticker, 0), &leave);
-        for (int i = 3; i <= 5; ++i) { // each new line rolls in
+        QCOMPARE(stack->currentIndex(), 1);
+        QCOMPARE(lineAt(&t.ticker, 1)->cursor().shape(), Qt::PointingHandCursor);
+        QCoreApplication::sendEvent(lineAt(&t.ticker, 1), &leave);
+        for (int i = 4; i <= 5; ++i) {
             t.add(i, i);
             QTRY_COMPARE(stack->currentIndex(), i - 1);
         }
