@@ -2,51 +2,37 @@
 
 #include <QCursor>
 #include <QDir>
-#include <QMouseEvent>
-#include <QFile>
 #include <QEventLoop>
+#include <QFile>
 #include <QFileInfo>
+#include <QMouseEvent>
 #include <QTimer>
 
 namespace UxTest {
 
-static QTemporaryDir& tempRoot()
-{
-    static QTemporaryDir dir;
-    return dir;
-}
-
 QString rootDir()
 {
-    return tempRoot().path();
+    static QTemporaryDir dir;
+    if (!dir.isValid())
+        qFatal("no temporary directory");
+    return dir.path();
 }
-
-QString skinRoot()
-{
-    return rootDir() + QStringLiteral("/skins");
-}
-
-QString configDir()
-{
-    return rootDir() + QStringLiteral("/config");
-}
+QString skinRoot() { return rootDir() + QStringLiteral("/skins"); }
+QString configDir() { return rootDir() + QStringLiteral("/config"); }
 
 QString writeFile(const QString& path, const QByteArray& content)
 {
     QDir().mkpath(QFileInfo(path).absolutePath());
     QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate) || f.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(path));
-    f.write(content);
     return path;
 }
 
 QByteArray readFile(const QString& path)
 {
     QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return QByteArray();
-    return f.readAll();
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 void writeSkin(const QString& id, const QMap<QString, QByteArray>& files)
@@ -58,8 +44,6 @@ void writeSkin(const QString& id, const QMap<QString, QByteArray>& files)
 
 void initEnvironment()
 {
-    if (!tempRoot().isValid())
-        qFatal("no temporary directory");
     for (const char* id : {"light", "dark", "black"})
         writeSkin(QString::fromLatin1(id), {});
     QDir().mkpath(configDir());
@@ -73,15 +57,11 @@ void initEnvironment()
 
 void spin(int ms)
 {
-    QEventLoop loop;
-    QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
+    spinUntil([] { return false; }, ms);
 }
 
 bool spinUntil(const std::function<bool()>& cond, int ms)
 {
-    if (cond())
-        return true;
     QEventLoop loop;
     QTimer poll;
     QObject::connect(&poll, &QTimer::timeout, &loop, [&]() {
@@ -90,19 +70,18 @@ bool spinUntil(const std::function<bool()>& cond, int ms)
     });
     poll.start(5);
     QTimer::singleShot(ms, Qt::PreciseTimer, &loop, &QEventLoop::quit);
-    loop.exec();
+    if (!cond())
+        loop.exec();
     return cond();
 }
 
-void sendMouse(QObject* target, QEvent::Type type, const QPoint& local, const QPoint& global,
-               Qt::MouseButtons buttons)
+void sendMouse(QObject* target, QEvent::Type type, const QPoint& local, const QPoint& global, Qt::MouseButtons buttons)
 {
     const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton
         : buttons & Qt::RightButton                          ? Qt::RightButton
                                                              : Qt::LeftButton;
-    if (type == QEvent::MouseButtonRelease)
-        buttons = Qt::NoButton;
-    QMouseEvent e(type, local, global, button, buttons, Qt::NoModifier);
+    QMouseEvent e(type, local, global, button, type == QEvent::MouseButtonRelease ? Qt::NoButton : buttons,
+                  Qt::NoModifier);
     QCoreApplication::sendEvent(target, &e);
 }
 

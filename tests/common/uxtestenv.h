@@ -24,7 +24,6 @@ QString configDir();
 
 // Writes FILES (relative path -> content) into skin ID under the skin root.
 void writeSkin(const QString& id, const QMap<QString, QByteArray>& files);
-
 // Writes CONTENT to PATH, creating folders; returns PATH.
 QString writeFile(const QString& path, const QByteArray& content);
 QByteArray readFile(const QString& path);
@@ -32,7 +31,6 @@ QByteArray readFile(const QString& path);
 // Called by UX_TEST_MAIN before the tests run: points UxCore and UxCfg at
 // fresh temporary folders with three empty skins "light", "dark", "black".
 void initEnvironment();
-
 // Runs a real event loop for MS milliseconds. QTest::qWait sleeps between
 // batches of events, which starves 1 ms timers such as the scheduler's.
 void spin(int ms);

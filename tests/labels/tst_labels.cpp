@@ -27,8 +27,7 @@ public:
     Q_INVOKABLE void openStringUrl(const QString& url)
     {
         urls << url;
-        delete statusBar;
-        statusBar = nullptr;
+        delete std::exchange(statusBar, nullptr);
     }
 };
 
@@ -44,15 +43,9 @@ tagMessage nth(int i, const QString& type = QStringLiteral("1"), int level = 0)
     return m;
 }
 
-UxAnimationStackedWidget* stackOf(QWidget* ticker)
-{
-    return ticker->findChild<UxAnimationStackedWidget*>();
-}
-
-UxBottomLabel* lineAt(QWidget* ticker, int i)
-{
-    return qobject_cast<UxBottomLabel*>(stackOf(ticker)->widget(i));
-}
+UxAnimationStackedWidget* stackOf(QWidget* ticker) { return ticker->findChild<UxAnimationStackedWidget*>(); }
+UxBottomLabel* lineAt(QWidget* ticker, int i) { return qobject_cast<UxBottomLabel*>(stackOf(ticker)->widget(i)); }
+QPropertyAnimation* slideOf(QWidget* ticker) { return stackOf(ticker)->findChild<QPropertyAnimation*>(); }
 
 QStringList lineTexts(QWidget* ticker)
 {
@@ -62,11 +55,7 @@ QStringList lineTexts(QWidget* ticker)
     return texts;
 }
 
-void click(QWidget* w)
-{
-    QTest::mousePress(w, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
-    QTest::mouseRelease(w, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
-}
+void click(QWidget* w) { QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5)); }
 
 // The roll timer as the event dispatcher knows it: interval and type.
 QPair<int, int> rollTimer(QObject* ticker)
@@ -75,24 +64,33 @@ QPair<int, int> rollTimer(QObject* ticker)
     return timers.size() == 1 ? qMakePair(timers[0].interval, int(timers[0].timerType)) : qMakePair(-1, int(timers.size()));
 }
 
-// Columns [first, last] holding dark ink in rows [top, top + height).
-QPair<int, int> inkIn(const QImage& image, int top, int height)
+// Columns [first, last] holding dark ink in rows [top, top + height) of W painted on white.
+QPair<int, int> inkIn(QWidget* w, int top, int height)
 {
+    QImage image(w->size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    w->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
     QPair<int, int> ink(INT_MAX, -1);
     for (int y = qMax(0, top); y < qMin(image.height(), top + height); ++y)
         for (int x = 0; x < image.width(); ++x)
-            if (qRed(image.pixel(x, y)) < 128)
-                ink = qMakePair(qMin(ink.first, x), qMax(ink.second, x));
+            if (qRed(image.pixel(x, y)) < 128) ink = qMakePair(qMin(ink.first, x), qMax(ink.second, x));
     return ink;
 }
 
-QImage paintLabel(QWidget* label)
-{
-    QImage image(label->size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    label->render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    return image;
-}
+// A ticker whose rolls only happen when a test asks for them.
+struct Ticker {
+    UxLoopLabels ticker;
+    Ticker()
+    {
+        ticker.resize(400, 24);
+        ticker.barMsgEnable(false);
+        stackOf(&ticker)->setDuration(1);
+    }
+    void add(int from, int to)
+    {
+        for (int i = from; i <= to; ++i) ticker.addMessages(nth(i));
+    }
+};
 
 } // namespace
 
@@ -101,23 +99,6 @@ class TstLabels : public QObject
     Q_OBJECT
 
     TestMainWindow* m_main = nullptr;
-
-    // A ticker whose rolls only happen when a test asks for them.
-    struct Ticker
-    {
-        UxLoopLabels ticker;
-        Ticker()
-        {
-            ticker.resize(400, 24);
-            ticker.barMsgEnable(false);
-            stackOf(&ticker)->setDuration(1);
-        }
-        void add(int from, int to)
-        {
-            for (int i = from; i <= to; ++i)
-                ticker.addMessages(nth(i));
-        }
-    };
 
 private Q_SLOTS:
     void init()
@@ -134,24 +115,23 @@ private Q_SLOTS:
 
     void contract_data()
     {
-        QTest::addColumn<QVariant>("actual");
-        QTest::addColumn<QVariant>("expected");
+        QTest::addColumn<QVariant>("actual"); QTest::addColumn<QVariant>("expected");
         static UxLoopLabels ticker;
         QTest::newRow("ticker name") << QVariant(ticker.objectName()) << QVariant(QStringLiteral("UxLoopLabels"));
         QTest::newRow("4000 ms coarse roll") << QVariant::fromValue(rollTimer(&ticker)) << QVariant::fromValue(qMakePair(4000, int(Qt::CoarseTimer)));
         QTest::newRow("1000 ms slide") << QVariant(stackOf(&ticker)->getDuration()) << QVariant(1000);
-        QTest::newRow("linear slide") << QVariant(int(stackOf(&ticker)->findChild<QPropertyAnimation*>()->easingCurve().type())) << QVariant(int(QEasingCurve::Linear));
+        QTest::newRow("linear slide") << QVariant(int(slideOf(&ticker)->easingCurve().type())) << QVariant(int(QEasingCurve::Linear));
         QTest::newRow("stack minimum width") << QVariant(stackOf(&ticker)->minimumWidth()) << QVariant(200);
         QTest::newRow("record type name") << QVariant(QByteArray(QMetaType::typeName(qMetaTypeId<tagMessage>()))) << QVariant(QByteArray("Message"));
         QTest::newRow("colours start invalid") << QVariant(ticker.normalColor().isValid() || ticker.importColor().isValid() || ticker.urgencyColor().isValid()) << QVariant(false);
-        const QMetaObject& t = UxLoopLabels::staticMetaObject;
-        for (const char* sig : {"sigClickedMsg(Message)", "slotClickedMsg(Message)", "isRepeatMsg(Message)", "updateBarMsgNumOrTime()"})
-            QTest::newRow(sig) << QVariant(t.indexOfMethod(sig) >= 0) << QVariant(true);
-        QTest::newRow("colour properties") << QVariant(t.indexOfProperty("normalColor") >= 0 && t.indexOfProperty("importColor") >= 0 && t.indexOfProperty("urgencyColor") >= 0) << QVariant(true);
-        for (const char* sig : {"signalClicked(Message)", "signalHovered(bool)", "setLabelData(Message)"})
-            QTest::newRow(sig) << QVariant(UxBottomLabel::staticMetaObject.indexOfMethod(sig) >= 0) << QVariant(true);
-        static UxBottomLabel line(nth(1));
-        QTest::newRow("line minimum width") << QVariant(line.minimumWidth()) << QVariant(200);
+        const QMetaObject &loop = UxLoopLabels::staticMetaObject, &line = UxBottomLabel::staticMetaObject;
+        for (const char* p : {"normalColor", "importColor", "urgencyColor"})
+            QTest::newRow(p) << QVariant(loop.indexOfProperty(p) > 0) << QVariant(true);
+        for (const char* sig : {"sigClickedMsg(Message)", "slotClickedMsg(Message)", "isRepeatMsg(Message)", "updateBarMsgNumOrTime()",
+                                "signalClicked(Message)", "signalHovered(bool)", "setLabelData(Message)"})
+            QTest::newRow(sig) << QVariant(loop.indexOfMethod(sig) >= 0 || line.indexOfMethod(sig) >= 0) << QVariant(true);
+        static UxBottomLabel label(nth(1));
+        QTest::newRow("line minimum width") << QVariant(label.minimumWidth()) << QVariant(200);
         static UxCustomToolButton button;
         QTest::newRow("button name") << QVariant(button.objectName()) << QVariant(QStringLiteral("UXFILTER_TOOLBUTTON"));
         QTest::newRow("menu name") << QVariant(button.menu()->objectName()) << QVariant(QStringLiteral("TOOLBUTTON_MENU"));
@@ -168,36 +148,32 @@ private Q_SLOTS:
         QTEST(actual, "expected");
     }
 
-    // --- message ticker -----------------------------------------------------
-
     void timerSettings_data()
     {
         QTest::addColumn<int>("call"); // what is done to a stopped ticker
         QTest::addColumn<int>("interval"); // -1: stopped
-        QTest::newRow("show") << 0 << 4000;
-        QTest::newRow("barMsgEnable(true)") << 1 << 4000;
-        QTest::newRow("setTimerStatus(true)") << 2 << 3000;
-        QTest::newRow("setIntervalTime(250)") << 3 << 250;
-        QTest::newRow("setDurationTime(0)") << 4 << 3000;
-        QTest::newRow("setDurationTime(1000): same, nothing") << 5 << -1;
-        QTest::newRow("reset ends stopped") << 6 << -1;
-        QTest::newRow("hide") << 7 << -1;
+        QTest::addColumn<int>("resumed"); // after barMsgEnable(true)
+        QTest::newRow("show") << 0 << 4000 << 4000;
+        QTest::newRow("barMsgEnable(true)") << 1 << 4000 << 4000;
+        QTest::newRow("setTimerStatus(true)") << 2 << 3000 << 3000;
+        QTest::newRow("setIntervalTime(250)") << 3 << 250 << 250;
+        QTest::newRow("setDurationTime(0)") << 4 << 3000 << 3000;
+        QTest::newRow("setDurationTime(1000): same, nothing") << 5 << -1 << 4000;
+        QTest::newRow("reset ends stopped") << 6 << -1 << 3000;
+        QTest::newRow("hide") << 7 << -1 << 4000;
     }
     void timerSettings()
     {
         QFETCH(int, call);
-        QFETCH(int, interval);
         Ticker t;
         call == 0 || call == 7 ? t.ticker.show() : void();
         call == 1 ? t.ticker.barMsgEnable(true) : call == 2 ? t.ticker.setTimerStatus(true) : void();
         call == 3 || call == 6 ? t.ticker.setIntervalTime(250) : void();
         call == 4 || call == 5 ? t.ticker.setDurationTime(call == 4 ? 0 : 1000) : void();
         call == 6 ? t.ticker.updateBarMsgNumOrTime() : call == 7 ? t.ticker.hide() : void();
-        QCOMPARE(rollTimer(&t.ticker).first, interval);
-        if (call == 6) { // the reset also sets the interval to 3000
-            t.ticker.barMsgEnable(true);
-            QCOMPARE(rollTimer(&t.ticker).first, 3000);
-        }
+        QTEST(rollTimer(&t.ticker).first, "interval");
+        t.ticker.barMsgEnable(true);
+        QTEST(rollTimer(&t.ticker).first, "resumed");
     }
 
     void rollsWrapsAndFills()
@@ -211,17 +187,25 @@ private Q_SLOTS:
         repeat.msgId = QStringLiteral("x");
         t.ticker.addMessages(repeat);
         QCOMPARE(stack->count(), 1);
-        QCOMPARE(stack->findChild<QPropertyAnimation*>()->state(), QAbstractAnimation::Stopped);
-        for (int i = 2; i <= 5; ++i) { // each new line rolls in
+        QCOMPARE(slideOf(&t.ticker)->state(), QAbstractAnimation::Stopped);
+        t.add(2, 2); // each new line rolls in
+        QTRY_COMPARE(stack->currentIndex(), 1);
+        QEvent enter(QEvent::Enter), leave(QEvent::Leave); // but not while a line is hovered
+        QCoreApplication::sendEvent(lineAt(&t.ticker, 1), &enter);
+        t.add(3, 3);
+        QCOMPARE(slideOf(&t.ticker)->state(), QAbstractAnimation::Stopped);
+        QCOMPARE(stack->currentIndex(), 1);
+        QCOMPARE(lineAt(&t.ticker, 1)->cursor().shape(), Qt::PointingHandCursor);
+        QCoreApplication::sendEvent(lineAt(&t.ticker, 1), &leave);
+        for (int i = 4; i <= 5; ++i) {
             t.add(i, i);
             QTRY_COMPARE(stack->currentIndex(), i - 1);
         }
         QCOMPARE(lineTexts(&t.ticker), QStringList({"m1", "m2", "m3", "m4", "m5"}));
-        // The roll timer wraps from the last line to the first.
-        t.ticker.setIntervalTime(5);
+        t.ticker.setIntervalTime(5); // the roll timer wraps from the last line to the first
         QTRY_COMPARE(stack->currentIndex(), 0);
         t.ticker.barMsgEnable(false);
-        QTRY_COMPARE(stack->findChild<QPropertyAnimation*>()->state(), QAbstractAnimation::Stopped);
+        QTRY_COMPARE(slideOf(&t.ticker)->state(), QAbstractAnimation::Stopped);
         for (int i = 0; i < 3; ++i) // the refused click connection warns
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^QObject::connect")));
         rolled.clear();
@@ -247,25 +231,9 @@ private Q_SLOTS:
         QCOMPARE(stack->count(), 1);
     }
 
-    void pausesWhileHovered()
-    {
-        Ticker t;
-        auto* animation = stackOf(&t.ticker)->findChild<QPropertyAnimation*>();
-        t.add(1, 1);
-        QEvent enter(QEvent::Enter), leave(QEvent::Leave);
-        QCoreApplication::sendEvent(lineAt(&t.ticker, 0), &enter);
-        t.add(2, 2);
-        QCOMPARE(animation->state(), QAbstractAnimation::Stopped);
-        QCOMPARE(lineAt(&t.ticker, 0)->cursor().shape(), Qt::PointingHandCursor);
-        QCoreApplication::sendEvent(lineAt(&t.ticker, 0), &leave);
-        t.add(3, 3);
-        QCOMPARE(animation->state(), QAbstractAnimation::Running);
-    }
-
     void levelColours_data()
     {
-        QTest::addColumn<int>("level");
-        QTest::addColumn<QColor>("colour");
+        QTest::addColumn<int>("level"); QTest::addColumn<QColor>("colour");
         QTest::newRow("normal") << 0 << QColor(10, 120, 10);
         QTest::newRow("important") << 1 << QColor(200, 120, 0);
         QTest::newRow("urgent") << 4 << QColor(220, 0, 0);
@@ -274,8 +242,7 @@ private Q_SLOTS:
     }
     void levelColours()
     {
-        QFETCH(int, level);
-        QFETCH(QColor, colour);
+        QFETCH(int, level); QFETCH(QColor, colour);
         Ticker t;
         t.ticker.setNormalColor(QColor(10, 120, 10));
         t.ticker.setImportColor(QColor(200, 120, 0));
@@ -283,18 +250,15 @@ private Q_SLOTS:
         tagMessage m = nth(1, QStringLiteral("1"), level);
         m.content = QString(6, QChar(0x2588)); // full blocks: solid pixels of the pen
         t.ticker.addMessages(m);
-        UxBottomLabel* line = lineAt(&t.ticker, 0);
-        line->resize(200, 24);
-        const QImage image = line->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        lineAt(&t.ticker, 0)->resize(200, 24);
+        const QImage image = lineAt(&t.ticker, 0)->grab().toImage().convertToFormat(QImage::Format_RGB32);
         const auto* bits = reinterpret_cast<const QRgb*>(image.constBits());
         QVERIFY(std::count(bits, bits + image.width() * image.height(), colour.rgb()) > 0);
     }
 
     void clickOpensPage_data()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<int>("id");
-        QTest::addColumn<bool>("deleteTicker");
+        QTest::addColumn<QString>("type"); QTest::addColumn<int>("id"); QTest::addColumn<bool>("deleteTicker");
         for (int i = 0; i <= 5; ++i)
             QTest::addRow("type %d", i) << QString::number(i) << (i >= 1 && i <= 4 ? i - 1 : 0) << false;
         QTest::newRow("not a number") << "alert" << 0 << false;
@@ -303,19 +267,18 @@ private Q_SLOTS:
     }
     void clickOpensPage()
     {
-        QFETCH(QString, type);
-        QFETCH(int, id);
-        QFETCH(bool, deleteTicker);
+        QFETCH(QString, type); QFETCH(bool, deleteTicker);
         auto* statusBar = new QWidget;
         auto* ticker = new UxLoopLabels(statusBar);
-        ticker->resize(400, 24);
         connect(ticker, &UxLoopLabels::sigClickedMsg, ticker, &UxLoopLabels::slotClickedMsg);
         QSignalSpy clicked(ticker, &UxLoopLabels::sigClickedMsg);
         ticker->addMessages(nth(1, type));
         ticker->addMessages(nth(2, type));
         QPointer<QWidget> line = lineAt(ticker, 1);
         m_main->statusBar = deleteTicker ? statusBar : nullptr;
+        QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("\"m2\"  msgType  \"%1\"$").arg(type)));
         click(line);
+        QFETCH(int, id);
         QCOMPARE(m_main->urls, QStringList(QStringLiteral("view://attentionpage?rootid=0&id=%1&attentionid=1").arg(id)));
         if (deleteTicker) {
             QVERIFY(line.isNull());
@@ -328,18 +291,15 @@ private Q_SLOTS:
 
     void elision_data()
     {
-        QTest::addColumn<bool>("mainWindow");
-        QTest::addColumn<int>("limit");
+        QTest::addColumn<bool>("mainWindow"); QTest::addColumn<int>("limit");
         QTest::newRow("half the main window") << true << 350;
         QTest::newRow("half the parent") << false << 250;
     }
     void elision()
     {
-        QFETCH(bool, mainWindow);
-        QFETCH(int, limit);
+        QFETCH(bool, mainWindow); QFETCH(int, limit);
         m_main->resize(700, 300);
-        if (!mainWindow)
-            UxCore::instance()->setMainWindow(nullptr);
+        if (!mainWindow) UxCore::instance()->setMainWindow(nullptr);
         Ticker t;
         stackOf(&t.ticker)->resize(500, 24);
         tagMessage m = nth(1);
@@ -357,16 +317,11 @@ private Q_SLOTS:
         QCOMPARE(lineAt(&t.ticker, 1)->text(), QStringLiteral("2024/03/05 09:30:02 m2"));
     }
 
-    // --- indent label -------------------------------------------------------
-
     void indentLabel_data()
     {
         QTest::addColumn<int>("lines"); // label height in lines
-        QTest::addColumn<int>("indent");
-        QTest::addColumn<int>("chars");
-        QTest::addColumn<bool>("linkFlag");
-        QTest::addColumn<int>("inkLines");
-        QTest::addColumn<bool>("linkShown");
+        QTest::addColumn<int>("indent"); QTest::addColumn<int>("chars"); QTest::addColumn<bool>("linkFlag");
+        QTest::addColumn<int>("inkLines"); QTest::addColumn<bool>("linkShown");
         QTest::newRow("fits, link off") << 3 << 0 << 5 << false << 1 << false;
         QTest::newRow("fits, link on") << 3 << 0 << 5 << true << 1 << true;
         QTest::newRow("two lines") << 3 << 0 << 30 << false << 2 << false;
@@ -377,73 +332,42 @@ private Q_SLOTS:
     }
     void indentLabel()
     {
-        QFETCH(int, lines);
-        QFETCH(int, indent);
-        QFETCH(int, chars);
+        QFETCH(int, lines); QFETCH(int, indent); QFETCH(int, chars); QFETCH(bool, linkFlag);
         QWidget host;
         UxNewIndentLabel label(&host);
         QFont font(QStringLiteral("DejaVu Sans Mono"));
         font.setPixelSize(12);
         label.setFont(font);
-        const int lineSpacing = QFontMetrics(font).lineSpacing();
-        const int cw = QFontMetrics(font).horizontalAdvance(QLatin1Char('x'));
+        const int ls = QFontMetrics(font).lineSpacing(), cw = QFontMetrics(font).horizontalAdvance(QLatin1Char('x'));
         label.setLink(QStringLiteral("<a href=\"https://example.com\">more</a>"));
         QVERIFY(label.linkLabel()->openExternalLinks());
-        QFETCH(bool, linkFlag);
         label.showLinkTextVisible(linkFlag);
         label.setMsg(QStringLiteral("  ") + QStringLiteral("x").repeated(chars) + QStringLiteral("\n"));
         label.setTextIndent(indent);
-        label.resize(200, lines * lineSpacing + 2);
+        label.resize(200, lines * ls + 2);
         host.show();
         QVERIFY(QTest::qWaitForWindowExposed(&host));
-        const QImage image = paintLabel(&label);
         QFETCH(int, inkLines);
-        for (int k = 0; k < lines; ++k)
-            QCOMPARE(inkIn(image, k * lineSpacing, lineSpacing).second >= 0, k < inkLines);
+        for (int k = 0; k < lines; ++k) QCOMPARE(inkIn(&label, k * ls, ls).second >= 0, k < inkLines);
         QTEST(label.linkLabel()->isVisible(), "linkShown");
         // The first line starts after the indent of the simplified message.
-        const int first = inkIn(image, 0, lineSpacing).first;
+        const int first = inkIn(&label, 0, ls).first;
         QVERIFY(first >= qMax(0, indent) * cw && first < qMax(0, indent) * cw + cw);
         if (chars == 200) {
             if (lines > 1) { // full lines are cut at the last character that fits
-                QVERIFY(inkIn(image, 0, lineSpacing).second >= 200 - 2 * cw);
-                QVERIFY(inkIn(image, lineSpacing, lineSpacing).first < cw);
+                const int end = inkIn(&label, 0, ls).second;
+                QVERIFY(end >= 200 - 2 * cw && end < 199); // the last character that fits, none past it
+                QVERIFY(inkIn(&label, ls, ls).first < cw);
             }
-            QVERIFY(inkIn(image, (lines - 1) * lineSpacing, lineSpacing).second < 200 - label.linkLabel()->width());
+            QVERIFY(inkIn(&label, (lines - 1) * ls, ls).second < 200 - label.linkLabel()->width());
             QCOMPARE(label.linkLabel()->geometry().right(), 199);
-            QCOMPARE(label.linkLabel()->y(), (lines - 1) * lineSpacing - 2);
+            QCOMPARE(label.linkLabel()->y(), (lines - 1) * ls - 2);
         }
     }
 
-    void indentLabelSurvivesClients()
-    {
-        QWidget host;
-        UxNewIndentLabel label(&host);
-        label.resize(200, 60);
-        host.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&host));
-        QVERIFY(label.linkLabel()->isVisible()); // shown with its parent
-        QVERIFY(inkIn(paintLabel(&label), 0, 60).second < 0); // no message, no ink
-        // A client deletes the link label it was handed: a new one is made.
-        delete label.linkLabel();
-        label.setMsg(QStringLiteral("x").repeated(300));
-        paintLabel(&label);
-        label.setLink(QStringLiteral("more"));
-        QCOMPARE(label.linkLabel()->text(), QStringLiteral("more"));
-        delete label.linkLabel();
-        QLabel* again = label.linkLabel();
-        QVERIFY(again && again->parent() == &label);
-        QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("indent too large!.*2147483647")));
-        label.setTextIndent(INT_MAX);
-        paintLabel(&label);
-    }
-
-    // --- filter tool button -------------------------------------------------
-
     void toolButtonChoice_data()
     {
-        QTest::addColumn<QStringList>("choices");
-        QTest::addColumn<QString>("text");
+        QTest::addColumn<QStringList>("choices"); QTest::addColumn<QString>("text");
         QTest::addColumn<int>("checked"); // -1: none
         QTest::newRow("trigger B") << QStringList{"B"} << "B" << 1;
         QTest::newRow("back and forth") << QStringList{"A", "C", "A"} << "A" << 0;
@@ -454,26 +378,19 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, choices);
         UxCustomToolButton button;
-        for (int i = 0; i < 3; ++i)
-            button.addActionToMenu(QString(QChar('A' + i)), i + 1);
+        for (int i = 0; i < 3; ++i) button.addActionToMenu(QString(QChar('A' + i)), i + 1);
         QSignalSpy clicked(&button, &QToolButton::clicked);
         const QList<QAction*> actions = button.menu()->actions();
         int triggers = 0;
-        for (const QString& c : choices) {
-            if (c.startsWith(QLatin1Char('=')))
-                button.setDefaultActionChecked(c.mid(1));
-            else
-                actions.at(c.at(0).unicode() - 'A')->trigger(), ++triggers;
-        }
+        for (const QString& c : choices)
+            c.startsWith(QLatin1Char('=')) ? button.setDefaultActionChecked(c.mid(1))
+                                           : (actions.at(c.at(0).unicode() - 'A')->trigger(), void(++triggers));
         QCOMPARE(clicked.count(), triggers);
-        if (triggers)
-            QCOMPARE(clicked.last().at(0).toBool(), true);
+        QVERIFY(!triggers || clicked.last().at(0).toBool());
         QTEST(button.text(), "text");
         QFETCH(int, checked);
-        for (int i = 0; i < 3; ++i) {
-            QCOMPARE(actions[i]->isChecked(), i == checked);
-            QCOMPARE(actions[i]->data().toInt(), i + 1);
-        }
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(actions[i]->isChecked() ? actions[i]->data().toInt() : 0, i == checked ? i + 1 : 0);
     }
 
     void toolButtonMenuAndSelection()
@@ -488,7 +405,7 @@ private Q_SLOTS:
         QVERIFY(button.menu()->isVisible());
         QCOMPARE(selected.count(), 1);
         QCOMPARE(selected.at(0).at(0).toBool(), true);
-        button.showMenu(QPoint(40, 50));
+        button.showMenu(QPoint(40, 50)); // a second call closes it
         QVERIFY(!button.menu()->isVisible());
         QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 255));
         button.setSelected(true);
@@ -497,13 +414,6 @@ private Q_SLOTS:
         QCOMPARE(selected.count(), 1);
         button.emitSelected();
         QCOMPARE(selected.count(), 2);
-        delete button.menu()->actions().value(0); // a client deletes what it was handed
-        button.setDefaultActionChecked(QStringLiteral("A"));
-        delete button.menu();
-        button.addActionToMenu(QStringLiteral("D"));
-        button.showMenu(QPoint(40, 50));
-        QVERIFY(button.menu()->isVisible());
-        QCOMPARE(button.menu()->actions().size(), 1);
     }
 };
 
