@@ -359,7 +359,7 @@ private slots:
     {
         const QRect avail = QGuiApplication::primaryScreen()->availableGeometry();
         QWidget window(nullptr, Qt::FramelessWindowHint);
-        window.setGeometry(avail.x() + 50, avail.height() - 60, 200, 40);
+        window.setGeometry(avail.x() + 50, avail.y() + 20, 200, 40);
         const QWidgetList before = QApplication::topLevelWidgets();
         auto* edit = new UxCalendarTimeEdit(&window);
         edit->setGeometry(10, 5, 150, 24);
@@ -367,10 +367,12 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QWidget* frame = newTopLevel(before, QStringLiteral("calendarFramWidget"), edit);
         auto* cal = frame->findChild<UxCalendarTimeWidget*>();
-        QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, -cal->height())));
-        window.move(avail.x() + 50, avail.y() + 20);
-        QTest::mouseClick(edit, Qt::LeftButton);
         QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, edit->height())));
+        for (int past : {0, 1}) { // the calendar ending on, then one pixel past, the available height
+            window.move(window.x(), window.y() + avail.height() + past - cal->height() - edit->mapToGlobal(QPoint(0, edit->height())).y());
+            QTest::mouseClick(edit, Qt::LeftButton);
+            QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, past ? -cal->height() : edit->height())));
+        }
         const qint64 icon = edit->findChild<QAction*>()->icon().cacheKey();
         UxCore::instance()->setCurrentSkin(QStringLiteral("dark")); // the icon stays the one of construction
         QCOMPARE(edit->findChild<QAction*>()->icon().cacheKey(), icon);
@@ -389,6 +391,10 @@ private slots:
         edit->setCalendarMinDate(raised.addDays(-1));
         QCOMPARE(edit->text() + " " + cal->minimumDate().toString(kDay), raised.toString(kDay) + " " + raised.addDays(-1).toString(kDay));
         QCOMPARE(edit->date(), raised);
+        cal->setSelectedDate(raised.date().addDays(1));
+        button(cal, QStringLiteral("确定"))->click();
+        edit->setCalendarMinDate(raised); // no later than the stored minimum: the pick stays
+        QCOMPARE(edit->date(), QDateTime(raised.date().addDays(1), QTime(0, 0)));
     }
 
     // A pick reports twice, the edit's own change once and only when the day changes.

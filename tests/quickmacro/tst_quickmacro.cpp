@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QRegularExpressionValidator>
+#include <QStandardItemModel>
 #include <QTreeWidget>
 
 #include <memory>
@@ -172,18 +173,24 @@ private slots:
     void ranking()
     {
         Dict dict;
-        dict.stocks().add("0", "0").ptrs << nullptr; // short and null records never show
+        // Short and null records never show; a stray low surrogate does not swallow the letter before it.
+        dict.stocks().add("999999", QStringLiteral("Q") + QChar(0xDC00) + "Z", "x").add("0", "0").ptrs << nullptr;
         dict.items.back()->texts.removeLast();
         UxQuickMacroMatcher matcher;
         matcher.setDictionary(dict.ptrs);
         const QList<QPair<QString, QStringList>> cases{{"600", {"600000", "160060", "000600"}}, {"JTN", {"000600"}}, {"fund one", {"160060"}},
-                                                       {"银行", {"600000"}}, {"", {"600000", "000600", "160060", "300750"}}, {"7x", {}}};
-        for (const auto& c : cases) { // by match position, key in any case, name equal first, name part, empty, no hit
+                                                       {"银行", {"600000"}}, {"", {"600000", "000600", "160060", "300750", "999999"}}, {"7x", {}}, {"q", {"999999"}}};
+        for (const auto& c : cases) { // by match position, key in any case, name equal first, name part, empty, no hit, folded name
             QStringList got;
             for (const quickMacroItem* i : matcher.search(c.first))
                 got << i->texts.at(1);
             QCOMPARE(got, c.second);
         }
+        // A row past the hits (an extend group's) chooses nothing.
+        const QVector<quickMacroItem*> hits = matcher.search("600");
+        QStandardItemModel rows(9, 1);
+        QCOMPARE((QVector<const void*>{UxQuickMacroMatcher::hitAt(hits, rows.index(2, 0)), UxQuickMacroMatcher::hitAt(hits, rows.index(3, 0)), UxQuickMacroMatcher::hitAt(hits, {})}),
+                 (QVector<const void*>{hits[2], nullptr, nullptr}));
     }
 
     void wizardEnter_data()
@@ -335,6 +342,13 @@ private slots:
         QCOMPARE(container()->geometry(), QRect(-50, 32, 300, 362));
         QSignalSpy chosen(overlay(), &QuickMacroSearchWidget::stockSelected);
         QVERIFY(overlay()->enterIsEnabled() && chosen == QList<QVariantList>({{"url:600000", 0}}));
+        QStringList names{"功能"};
+        QList<QList<QStringList>> groups{{{"F10"}}};
+        overlay()->setExtendItems(names, groups);
+        edit->setText("600000"); // as many groups as hits still shows
+        QVERIFY(overlay()->isVisible());
+        names.clear(), groups.clear();
+        overlay()->setExtendItems(names, groups);
         edit->setText("60x"); // no hits and no extend groups
         QVERIFY(!overlay()->isVisible() && !overlay()->enterIsEnabled());
         delete edit; // the client's line edit may go away first
