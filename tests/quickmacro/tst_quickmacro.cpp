@@ -1,4 +1,5 @@
 #include "uxtestenv.h"
+#include "popups_rows.h"
 
 #include "datadelegate.h"
 #include "datamodel.h"
@@ -85,6 +86,8 @@ struct OverlayScene
     Dict dict;
     QWidget panel;
 };
+
+using Rows::cell;
 
 } // namespace
 
@@ -227,36 +230,36 @@ private slots:
         QCOMPARE(wizard()->isVisible(), !code.isEmpty());
     }
 
-    void wizardPlacement()
+    // Placed under its line edit in the top-level window; survives that window, attached or not.
+    void wizardWindow_data()
     {
-        for (const auto& [nested, height] : QList<std::pair<bool, int>>{{false, 900}, {false, 300}, {true, 900}, {true, 300}}) {
-            init();
-            QWidget window;
-            window.resize(500, height);
-            auto* holder = new QWidget(&window);
-            holder->setGeometry(20, 40, 460, 200);
-            QLineEdit* edit = wizardEdit(nested ? holder : &window, nested ? QRect(15, 7, 430, 24) : QRect(30, 50, 250, 24), "6");
-            const QPoint origin = edit->mapTo(&window, QPoint(0, 0));
-            // The nested rule does not subtract the line edit's height from the room below.
-            const int below = height - 30 - origin.y() - (nested ? 0 : 24);
-            QCOMPARE(wizard()->geometry(), QRect(origin.x(), origin.y() + 24, edit->width(), qMin(below, 400)));
-            QCOMPARE(wizardView()->size(), wizard()->size());
-            QCOMPARE(wizardView()->isColumnHidden(0), !nested); // a popup under 300 px shows no tag
-        }
+        QTest::addColumn<bool>("nested");
+        Rows::columns<int>({"height"});
+        QTest::addColumn<QString>("text");
+        for (bool nested : {false, true})
+            for (int height : {900, 300})
+                QTest::addRow("%s, %d high", nested ? "nested" : "direct", height) << nested << height << "6";
+        QTest::newRow("detached by a focus-out without hits") << false << 900 << "zzz";
     }
-
-    void wizardSurvivesWindow()
+    void wizardWindow()
     {
-        for (int c = 0; c < 3; ++c) { // direct, nested, detached by a focus-out without hits
-            QPointer<UxKeyBoradSprit> alive(wizard());
-            auto* window = new QWidget;
-            window->resize(400, 500);
-            QLineEdit* edit = wizardEdit(c == 1 ? new QWidget(window) : window, QRect(5, 5, 300, 24), c == 2 ? "zzz" : "6");
-            QCOMPARE(wizard()->parentWidget(), window);
-            sendFocus(edit, QEvent::FocusOut);
-            delete window;
-            QVERIFY(alive && wizard() == alive.data() && !wizard()->parentWidget() && !wizard()->property("root").value<QLineEdit*>());
-        }
+        const bool nested = cell<bool>("nested");
+        const int height = cell<int>("height");
+        QPointer<UxKeyBoradSprit> alive(wizard());
+        auto* window = new QWidget;
+        window->resize(500, height);
+        auto* holder = new QWidget(window);
+        holder->setGeometry(20, 40, 460, 200);
+        QLineEdit* edit = wizardEdit(nested ? holder : window, nested ? QRect(15, 7, 430, 24) : QRect(30, 50, 250, 24), cell<QString>("text"));
+        const QPoint origin = edit->mapTo(window, QPoint(0, 0));
+        // The nested rule does not subtract the line edit's height from the room below.
+        const int below = height - 30 - origin.y() - (nested ? 0 : 24);
+        QCOMPARE(wizard()->geometry(), QRect(origin.x(), origin.y() + 24, edit->width(), qMin(below, 400)));
+        QCOMPARE(QVariantList({wizardView()->size(), wizardView()->isColumnHidden(0), wizard()->parentWidget() == window}),
+                 QVariantList({wizard()->size(), !nested, true})); // a popup under 300 px shows no tag
+        sendFocus(edit, QEvent::FocusOut);
+        delete window;
+        QVERIFY(alive && wizard() == alive.data() && !wizard()->parentWidget() && !wizard()->property("root").value<QLineEdit*>());
     }
 
     void overlayOpensOnTypedKey_data()
