@@ -132,8 +132,13 @@ private slots:
         option.state = QStyle::State_Selected; // a filled box 10 px in and 5 px down
         DataDelegate().paint(&painter, option, model.index(0, 0));
         painter.end();
-        QTest::newRow("tag") << QVariant(QVariantList{tag.pixelColor(58, 15), tag.pixelColor(8, 15), tag.pixelColor(66, 15), tag.pixelColor(37, 3), tag.pixelColor(37, 27)})
-                             << QVariant(QVariantList{QColor(76, 159, 255), QColor(Qt::white), QColor(Qt::white), QColor(Qt::white), QColor(Qt::white)});
+        QString edges; // across each side of the box: white, fill or a blend
+        for (const QPoint& p : {QPoint(7, 15), QPoint(61, 15), QPoint(37, 2), QPoint(37, 22)})
+            for (int i = 0; i < 6; ++i) {
+                const QColor c = tag.pixelColor(p + (p.x() == 37 ? QPoint(0, i) : QPoint(i, 0)));
+                edges += c == Qt::white ? 'w' : c == QColor(76, 159, 255) ? 'f' : 'b';
+            }
+        QTest::newRow("tag") << QVariant(edges) << QVariant("wwbffffffbwwwwbffffffbww");
         UxKeyBoradLineEdit edit;
         edit.loadSkin(QString("QLineEdit { color: red; }")); // the skin reaches the line edit only
         auto* popup = qobject_cast<QuickMacroView*>(edit.completer()->popup());
@@ -198,28 +203,24 @@ private slots:
 
     void wizardEnter_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QVariant>("needOpen");
-        QTest::addColumn<QString>("code");
-        QTest::newRow("needopen") << "600" << QVariant(true) << "160060";
-        QTest::newRow("empty list") << "zzz" << QVariant(true) << "";
+        Rows::columns<QString>({"text", "code"});
+        QTest::newRow("needopen") << "600" << "160060";
+        QTest::newRow("empty list") << "zzz" << "";
     }
     void wizardEnter()
     {
-        QFETCH(QString, text);
-        QFETCH(QVariant, needOpen);
-        QFETCH(QString, code);
+        const QString text = cell<QString>("text"), code = cell<QString>("code");
         QWidget window;
         window.resize(400, 600);
         QLineEdit* edit = wizardEdit(&window, QRect(10, 10, 320, 24), text);
-        edit->setProperty("needopen", needOpen);
+        edit->setProperty("needopen", true);
         QSignalSpy spy(wizard(), &UxKeyBoradSprit::signalStockSelected);
         QVERIFY(wizard()->isVisible() && wizard()->parentWidget() == &window && wizard()->property("root").value<QLineEdit*>() == edit);
         QTest::keyClick(edit, Qt::Key_Down);
         QCOMPARE(wizardView()->currentIndex().row(), code.isEmpty() ? -1 : 1);
         QTest::keyClick(edit, code.isEmpty() ? Qt::Key_Enter : Qt::Key_Return);
         QVERIFY(edit->text() == code && !wizard()->isVisible());
-        QCOMPARE(spy, needOpen.toBool() && !code.isEmpty() ? QList<QVariantList>({{"url:160060", 0}}) : QList<QVariantList>());
+        QCOMPARE(spy, !code.isEmpty() ? QList<QVariantList>({{"url:160060", 0}}) : QList<QVariantList>());
         // Focus leaving with hits keeps the popup; with none it hides and detaches.
         sendFocus(edit, QEvent::FocusIn);
         edit->setText(text);
@@ -262,67 +263,52 @@ private slots:
         QVERIFY(alive && wizard() == alive.data() && !wizard()->parentWidget() && !wizard()->property("root").value<QLineEdit*>());
     }
 
-    void overlayOpensOnTypedKey_data()
+    // A typed key opens the overlay at the panel's bottom right; keys and left presses close it.
+    void overlayKeys_data()
     {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("modifiers");
-        QTest::addColumn<bool>("opens");
-        QTest::newRow("plain") << int(Qt::Key_6) << int(Qt::NoModifier) << true;
-        QTest::newRow("shift") << int(Qt::Key_A) << int(Qt::ShiftModifier) << false;
-        QTest::newRow("control") << int(Qt::Key_6) << int(Qt::ControlModifier) << false;
-        QTest::newRow("alt") << int(Qt::Key_6) << int(Qt::AltModifier) << false;
+        Rows::columns<int>({"key", "modifiers"}); // typed on the panel
+        Rows::columns<QString>({"text", "action"}); // then the search line's text and a key, or a press on a target
+        QTest::addColumn<bool>("visible");
+        QTest::newRow("plain") << int(Qt::Key_6) << int(Qt::NoModifier) << "" << "" << true;
+        QTest::newRow("shift") << int(Qt::Key_A) << int(Qt::ShiftModifier) << "" << "" << false;
+        QTest::newRow("control") << int(Qt::Key_6) << int(Qt::ControlModifier) << "" << "" << false;
+        QTest::newRow("alt") << int(Qt::Key_6) << int(Qt::AltModifier) << "" << "" << false;
         for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_F5})
-            QTest::addRow("key %x", key) << int(key) << 0 << false;
+            QTest::addRow("key %x", key) << int(key) << 0 << "" << "" << false;
+        auto closing = [](const char* tag, const char* text, const char* action, bool visible) { QTest::newRow(tag) << int(Qt::Key_6) << 0 << text << action << visible; };
+        closing("backspace, one letter", "6", "backspace", false);
+        closing("backspace, two letters", "60", "backspace", true);
+        closing("escape", "60", "escape", false);
+        closing("left press on search line", "60", "press search left", false);
+        closing("left press on panel", "60", "press panel left", false);
+        closing("right press on panel", "60", "press panel right", true);
     }
-    void overlayOpensOnTypedKey()
+    void overlayKeys()
     {
-        QFETCH(int, key);
-        QFETCH(int, modifiers);
-        QFETCH(bool, opens);
+        const QString action = cell<QString>("action");
         OverlayScene scene(QSize(800, 600));
-        QSignalSpy count(overlay(), &QuickMacroSearchWidget::newSearchResultCount);
-        QTest::keyClick(&scene.panel, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-        QCOMPARE(overlay()->isVisible(), opens);
-        if (!opens)
-            return;
-        QCOMPARE(QVariantList({overlay()->searchEdit()->text(), overlay()->geometry(), container()->geometry(), count.last().first()}),
-                 QVariantList({"6", QRect(0, 0, 800, 600), QRect(500, 600 - 27 - 362, 300, 27 + 362), 3}));
-        for (const auto& step : QList<QPair<Qt::Key, int>>{{Qt::Key_Down, 1}, {Qt::Key_Up, 0}, {Qt::Key_Up, 0}}) {
-            QTest::keyClick(overlay()->searchEdit(), step.first);
-            QCOMPARE(overlay()->tableView()->currentIndex().row(), step.second);
-        }
-    }
-
-    void overlayCloses_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("action"); // a key, or a press on a target with a button
-        QTest::addColumn<bool>("closes");
-        QTest::newRow("backspace, one letter") << "6" << "backspace" << true;
-        QTest::newRow("backspace, two letters") << "60" << "backspace" << false;
-        QTest::newRow("escape") << "60" << "escape" << true;
-        QTest::newRow("left press on search line") << "60" << "press search left" << true;
-        QTest::newRow("left press on panel") << "60" << "press panel left" << true;
-        QTest::newRow("right press on panel") << "60" << "press panel right" << false;
-    }
-    void overlayCloses()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, action);
-        QFETCH(bool, closes);
-        OverlayScene scene(QSize(640, 480));
         scene.panel.setFocusPolicy(Qt::StrongFocus);
         QVERIFY(QTest::qWaitForWindowActive(&scene.panel));
-        QTest::keyClick(&scene.panel, Qt::Key_6);
+        QSignalSpy count(overlay(), &QuickMacroSearchWidget::newSearchResultCount);
+        QTest::keyClick(&scene.panel, Qt::Key(cell<int>("key")), Qt::KeyboardModifiers(cell<int>("modifiers")));
         QLineEdit* search = overlay()->searchEdit();
-        search->setText(text);
         QWidget* target = action.contains("search") ? static_cast<QWidget*>(search) : &scene.panel;
-        if (action.startsWith("press"))
-            QTest::mousePress(target, action.endsWith("left") ? Qt::LeftButton : Qt::RightButton, {}, QPoint(2, 2));
-        else
-            QTest::keyClick(search, action == "escape" ? Qt::Key_Escape : Qt::Key_Backspace);
-        QCOMPARE(overlay()->isVisible(), !closes);
-        if (closes && target != search)
+        if (action.isEmpty() && overlay()->isVisible()) {
+            QCOMPARE(QVariantList({search->text(), overlay()->geometry(), container()->geometry(), count.last().first()}),
+                     QVariantList({"6", QRect(0, 0, 800, 600), QRect(500, 600 - 27 - 362, 300, 27 + 362), 3}));
+            for (const auto& step : QList<QPair<Qt::Key, int>>{{Qt::Key_Down, 1}, {Qt::Key_Up, 0}, {Qt::Key_Up, 0}}) {
+                QTest::keyClick(search, step.first);
+                QCOMPARE(overlay()->tableView()->currentIndex().row(), step.second);
+            }
+        } else if (!action.isEmpty()) {
+            search->setText(cell<QString>("text"));
+            if (action.startsWith("press"))
+                QTest::mousePress(target, action.endsWith("left") ? Qt::LeftButton : Qt::RightButton, {}, QPoint(2, 2));
+            else
+                QTest::keyClick(search, action == "escape" ? Qt::Key_Escape : Qt::Key_Backspace);
+        }
+        QCOMPARE(overlay()->isVisible(), cell<bool>("visible"));
+        if (!action.isEmpty() && !cell<bool>("visible") && target != search)
             QTRY_VERIFY(scene.panel.hasFocus());
     }
 
@@ -385,6 +371,9 @@ private slots:
 
     void completerWaitsThenSuggests()
     {
+        UxNewSearchLineEdit lonely; // codes without names change nothing
+        lonely.findChild<UxCompleter*>()->showSuggestions({"1"}, {});
+        QCOMPARE(lonely.findChild<QTreeWidget*>()->topLevelItemCount(), 0);
         UxNewSearchLineEdit edit;
         edit.setDictData(m_dict.ptrs);
         edit.show();
