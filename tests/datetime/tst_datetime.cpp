@@ -355,7 +355,7 @@ private slots:
         QWidget* frame = newTopLevel(before, QStringLiteral("calendarFramWidget"), edit);
         auto* cal = frame->findChild<UxCalendarTimeWidget*>();
         QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, edit->height())));
-        for (int past : {0, 1}) { // the calendar ending on, then one pixel past, the available height
+        for (int past : {0, 1, avail.height()}) { // the calendar ending on, one pixel past the available height, off every screen
             window.move(window.x(), window.y() + avail.height() + past - cal->height() - edit->mapToGlobal(QPoint(0, edit->height())).y());
             QTest::mouseClick(edit, Qt::LeftButton);
             QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, past ? -cal->height() : edit->height())));
