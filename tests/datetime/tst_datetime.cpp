@@ -221,12 +221,15 @@ private slots:
         QTest::newRow("previous year, 1900") << QDate(1900, 7, 1) << "CalendarLeftYearBtn" << QDate(1900, 7, 1);
         QTest::newRow("previous month, February 1900") << QDate(1900, 2, 1) << "CalendarLeftMonthBtn" << QDate(1900, 1, 1);
         QTest::newRow("previous year, 1901") << QDate(1901, 5, 1) << "CalendarLeftYearBtn" << QDate(1900, 5, 1);
+        QTest::newRow("month box to January") << QDate(1950, 6, 1) << "CalendarCbMonth=1" << QDate(1950, 1, 1);
+        QTest::newRow("year box to 1900") << QDate(1950, 6, 1) << "CalendarCbYear=1900" << QDate(1900, 6, 1);
     }
     void calendarNavigation()
     {
         UxCalendarTimeWidget cal(nullptr, true, true);
         cal.setCurrentPage(cell<QDate>("page").year(), cell<QDate>("page").month()); // the boxes follow the page
-        button(&cal, cell<QString>("button"))->click();
+        const QStringList target = cell<QString>("button").split('='); // a button, or a box and its new text
+        target.size() > 1 ? Rows::child<QComboBox>(&cal, target[0])->setCurrentText(target[1]) : button(&cal, target[0])->click();
         QTEST(QDate(cal.yearShown(), cal.monthShown(), 1), "expected");
     }
 
