@@ -276,6 +276,7 @@ private slots:
         QTest::newRow("black selected") << "selected" << "#8fa4c9" << "#ffffff";
         QTest::newRow("black weekday") << "weekday" << "#485366" << "#d9dfea";
         QTest::newRow("black out of range") << "outside" << "#7d8695" << "#d9dfea";
+        QTest::newRow("black minimum, a Monday") << "minimum" << "#485366" << "#d9dfea";
         QTest::newRow("black today") << "today" << "#00ffff" << "#a52a2a";
     }
     void calendarCells()
@@ -285,7 +286,7 @@ private slots:
         const QDate today = QDate::currentDate();
         UxCore::instance()->setCurrentSkin(QString::fromLatin1(QTest::currentDataTag()).section(' ', 0, 0));
         cal.setSelectedDate(today.addDays(-14));
-        QDate date = which == "selected" ? cal.selectedDate() : which == "outside" ? QDate(1899, 12, 20) : which == "today" ? today : today.addDays(-7);
+        QDate date = which == "selected" ? cal.selectedDate() : which == "outside" ? QDate(1899, 12, 20) : which == "minimum" ? cal.minimumDate() : which == "today" ? today : today.addDays(-7);
         // Weekday and weekend cells come from the shown month, whatever today is.
         if (which.startsWith("week"))
             for (date = cal.selectedDate().addDays(1 - cal.selectedDate().day());

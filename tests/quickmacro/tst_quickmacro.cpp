@@ -410,9 +410,16 @@ private slots:
         completer->autoSuggest();
         QVERIFY(completer->eventFilter(popup, &click) && !popup->isVisible());
         QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
-        UxKeyBoradLineEdit lineEdit; // its list starts empty: Enter writes the empty choice back
+        struct : UxKeyBoradLineEdit { using UxKeyBoradLineEdit::setTableData; } lineEdit; // its list starts empty: Enter writes the empty choice back
         lineEdit.setText("600");
         QVERIFY(lineEdit.eventFilter(&lineEdit, &enter) && lineEdit.text().isEmpty());
+        QVector<quickMacroItem*> items = m_dict.ptrs; // with a list, Enter writes the choice and opens nothing
+        lineEdit.setDictData(items);
+        lineEdit.setTableData(items, {}, {}, true);
+        QSignalSpy opened(&lineEdit, &UxKeyBoradLineEdit::signalStockSelected);
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+        QVERIFY(!lineEdit.eventFilter(&lineEdit, &down) && lineEdit.eventFilter(&lineEdit, &enter));
+        QVERIFY(lineEdit.text() == "600000" && opened.isEmpty());
     }
 };
 
