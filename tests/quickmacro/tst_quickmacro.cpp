@@ -201,66 +201,52 @@ private slots:
                  (QVector<const void*>{hits[2], nullptr, nullptr}));
     }
 
-    void wizardEnter_data()
-    {
-        Rows::columns<QString>({"text", "code"});
-        QTest::newRow("needopen") << "600" << "160060";
-        QTest::newRow("empty list") << "zzz" << "";
-    }
-    void wizardEnter()
-    {
-        const QString text = cell<QString>("text"), code = cell<QString>("code");
-        QWidget window;
-        window.resize(400, 600);
-        QLineEdit* edit = wizardEdit(&window, QRect(10, 10, 320, 24), text);
-        edit->setProperty("needopen", true);
-        QSignalSpy spy(wizard(), &UxKeyBoradSprit::signalStockSelected);
-        QVERIFY(wizard()->isVisible() && wizard()->parentWidget() == &window && wizard()->property("root").value<QLineEdit*>() == edit);
-        QTest::keyClick(edit, Qt::Key_Down);
-        QCOMPARE(wizardView()->currentIndex().row(), code.isEmpty() ? -1 : 1);
-        QTest::keyClick(edit, code.isEmpty() ? Qt::Key_Enter : Qt::Key_Return);
-        QVERIFY(edit->text() == code && !wizard()->isVisible());
-        QCOMPARE(spy, !code.isEmpty() ? QList<QVariantList>({{"url:160060", 0}}) : QList<QVariantList>());
-        // Focus leaving with hits keeps the popup; with none it hides and detaches.
-        sendFocus(edit, QEvent::FocusIn);
-        edit->setText(text);
-        sendFocus(edit, QEvent::FocusOut);
-        QCOMPARE(wizard()->isVisible(), !code.isEmpty());
-        wizard()->hide();
-        edit->setText("60");
-        QCOMPARE(wizard()->isVisible(), !code.isEmpty());
-    }
-
-    // Placed under its line edit in the top-level window; survives that window, attached or not.
-    void wizardWindow_data()
+    // Placed under its line edit in the top-level window, chosen from with the keys, kept while
+    // focus leaves with hits and detached without; survives that window either way.
+    void wizardFlow_data()
     {
         QTest::addColumn<bool>("nested");
         Rows::columns<int>({"height"});
-        QTest::addColumn<QString>("text");
+        Rows::columns<QString>({"text", "code"});
         for (bool nested : {false, true})
             for (int height : {900, 300})
-                QTest::addRow("%s, %d high", nested ? "nested" : "direct", height) << nested << height << "6";
-        QTest::newRow("detached by a focus-out without hits") << false << 900 << "zzz";
+                QTest::addRow("%s, %d high", nested ? "nested" : "direct", height) << nested << height << "600" << "160060";
+        QTest::newRow("no hits") << false << 900 << "zzz" << "";
     }
-    void wizardWindow()
+    void wizardFlow()
     {
         const bool nested = cell<bool>("nested");
         const int height = cell<int>("height");
+        const QString text = cell<QString>("text"), code = cell<QString>("code");
         QPointer<UxKeyBoradSprit> alive(wizard());
         auto* window = new QWidget;
         window->resize(500, height);
         auto* holder = new QWidget(window);
         holder->setGeometry(20, 40, 460, 200);
-        QLineEdit* edit = wizardEdit(nested ? holder : window, nested ? QRect(15, 7, 300, 24) : QRect(30, 50, 250, 24), cell<QString>("text"));
+        QLineEdit* edit = wizardEdit(nested ? holder : window, nested ? QRect(15, 7, 300, 24) : QRect(30, 50, 250, 24), text);
+        edit->setProperty("needopen", true);
+        QSignalSpy spy(alive, &UxKeyBoradSprit::signalStockSelected);
         const QPoint origin = edit->mapTo(window, QPoint(0, 0));
         // The nested rule does not subtract the line edit's height from the room below.
         const int below = height - 30 - origin.y() - (nested ? 0 : 24);
-        QCOMPARE(wizard()->geometry(), QRect(origin.x(), origin.y() + 24, edit->width(), qMin(below, 400)));
-        QCOMPARE(QVariantList({wizardView()->size(), wizardView()->isColumnHidden(0), wizard()->parentWidget() == window}),
-                 QVariantList({wizard()->size(), !nested, true})); // a popup under 300 px shows no tag, one of 300 does
+        QCOMPARE(alive->geometry(), QRect(origin.x(), origin.y() + 24, edit->width(), qMin(below, 400)));
+        QCOMPARE(QVariantList({wizardView()->size(), wizardView()->isColumnHidden(0), alive->isVisible(), alive->parentWidget() == window, alive->property("root").value<QLineEdit*>() == edit}),
+                 QVariantList({alive->size(), !nested, true, true, true})); // a popup under 300 px shows no tag, one of 300 does
+        QTest::keyClick(edit, Qt::Key_Down);
+        QCOMPARE(wizardView()->currentIndex().row(), code.isEmpty() ? -1 : 1);
+        QTest::keyClick(edit, code.isEmpty() ? Qt::Key_Enter : Qt::Key_Return);
+        QVERIFY(edit->text() == code && !alive->isVisible());
+        QCOMPARE(spy, !code.isEmpty() ? QList<QVariantList>({{"url:160060", 0}}) : QList<QVariantList>());
+        sendFocus(edit, QEvent::FocusIn);
+        edit->setText(text);
+        sendFocus(edit, QEvent::FocusOut);
+        QCOMPARE(alive->isVisible(), !code.isEmpty());
+        alive->hide();
+        edit->setText("60");
+        QCOMPARE(alive->isVisible(), !code.isEmpty());
         sendFocus(edit, QEvent::FocusOut);
         delete window;
-        QVERIFY(alive && wizard() == alive.data() && !wizard()->parentWidget() && !wizard()->property("root").value<QLineEdit*>());
+        QVERIFY(alive && wizard() == alive.data() && !alive->parentWidget() && !alive->property("root").value<QLineEdit*>());
     }
 
     // A typed key opens the overlay at the panel's bottom right; keys and left presses close it.
