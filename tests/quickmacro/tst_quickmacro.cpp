@@ -261,7 +261,7 @@ private slots:
         QTest::newRow("shift") << int(Qt::Key_A) << int(Qt::ShiftModifier) << "" << "" << false;
         QTest::newRow("control") << int(Qt::Key_6) << int(Qt::ControlModifier) << "" << "" << false;
         QTest::newRow("alt") << int(Qt::Key_6) << int(Qt::AltModifier) << "" << "" << false;
-        for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_F5})
+        for (Qt::Key key : {Qt::Key_Escape, Qt::Key_Backspace, Qt::Key_F5, Qt::Key_Return})
             QTest::addRow("key %x", key) << int(key) << 0 << "" << "" << false;
         auto closing = [](const char* tag, const char* text, const char* action, bool visible) { QTest::newRow(tag) << int(Qt::Key_6) << 0 << text << action << visible; };
         closing("backspace, one letter", "6", "backspace", false);
@@ -346,8 +346,9 @@ private slots:
         QCOMPARE(model->rowCount(), 1 + 5);
         QSignalSpy stock(overlay(), &QuickMacroSearchWidget::stockSelected);
         QSignalSpy extend(overlay(), &QuickMacroSearchWidget::extendSelected);
-        for (int row : {0, 4, 6, -1})
-            QMetaObject::invokeMethod(overlay(), "dbClicked", Q_ARG(QModelIndex, model->index(row, 1)));
+        QStandardItemModel rows(9, 2); // a row past the groups chooses nothing
+        for (const QModelIndex& index : {model->index(0, 1), model->index(4, 1), model->index(6, 1), QModelIndex(), rows.index(6, 1)})
+            QMetaObject::invokeMethod(overlay(), "dbClicked", Q_ARG(QModelIndex, index));
         overlay()->tableView()->setCurrentIndex(model->index(2, 0));
         QTest::keyClick(overlay()->searchEdit(), Qt::Key_Return);
         QCOMPARE(stock, QList<QVariantList>({{"url:600000", 3}}));
