@@ -1,6 +1,7 @@
 // Date and time widgets seen from outside. "Today" is read from the clock the widgets read.
 
 #include "uxtestenv.h"
+#include "popups_rows.h"
 
 #include "uxcalendartimeedit.h"
 #include "uxcalendartimewidget.h"
@@ -16,8 +17,7 @@ namespace {
 
 const QString kDay = QStringLiteral("yyyy-MM-dd");
 
-// The current row's value of column NAME, like QFETCH but inside an expression.
-template <typename T> T cell(const char* name) { return *static_cast<T*>(QTest::qData(name, qMetaTypeId<T>())); }
+using Rows::cell;
 
 QString nameOf(QObject* o) { return o->objectName().isEmpty() ? QString(o->metaObject()->className()) : o->objectName(); }
 
@@ -96,12 +96,7 @@ QStringList enabledTexts(QWidget* pop)
     return out.filter(QRegularExpression("."));
 }
 
-QPushButton* button(QWidget* parent, const QString& text)
-{
-    const QList<QPushButton*> all = parent->findChildren<QPushButton*>();
-    auto it = std::find_if(all.begin(), all.end(), [&](QPushButton* b) { return b->text() == text || b->objectName() == text; });
-    return it == all.end() ? nullptr : *it;
-}
+QPushButton* button(QWidget* parent, const QString& text) { return Rows::child(parent, text); }
 
 // The parentless window of NAME that was not there BEFORE; CLICKED first, if given, to open it.
 QWidget* newTopLevel(const QWidgetList& before, const QString& name, QWidget* clicked = nullptr)
@@ -145,10 +140,7 @@ private slots:
     void contract_data()
     {
         const QDate today = QDate::currentDate();
-        QTest::addColumn<QString>("root");
-        QTest::addColumn<QString>("paths");
-        QTest::addColumn<QString>("what");
-        QTest::addColumn<QString>("expected");
+        Rows::columns<QString>({"root", "paths", "what", "expected"});
         auto row = [](const char* root, const char* paths, const char* what, const QString& expected) {
             QTest::addRow("%s %s %s", root, paths, what) << root << paths << what << expected;
         };
@@ -189,8 +181,7 @@ private slots:
         const QDate day(2024, 1, 1);
         const QDateTime min(day, QTime(10, 30, 0)), max(day, QTime(12, 0, 0)), none;
         const QStringList all60 = enabledTexts(static_cast<QWidget*>(m_roots["pop1"]));
-        for (const char* column : {"kind", "min", "max", "current", "enabled"})
-            QTest::addColumn<QVariant>(column);
+        Rows::columns<QVariant>({"kind", "min", "max", "current", "enabled"});
         auto row = [&](const char* tag, int kind, const QDateTime& lo, const QDateTime& hi, const QTime& t, const QStringList& enabled) {
             QTest::newRow(tag) << QVariant(kind) << QVariant(lo) << QVariant(hi) << QVariant(t.isValid() ? QDateTime(day, t) : none) << QVariant(enabled);
         };
@@ -218,9 +209,9 @@ private slots:
     void calendarNavigation_data()
     {
         const QDate today = QDate::currentDate(), page(today.year(), today.month(), 1);
-        QTest::addColumn<QDate>("page");
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QDate>("expected");
+        Rows::columns<QDate>({"page"});
+        Rows::columns<QString>({"button"});
+        Rows::columns<QDate>({"expected"});
         QTest::newRow("next month, this month") << page << "CalendarRightMonthBtn" << page;
         QTest::newRow("next year, this year") << page << "CalendarRightYearBtn" << page;
         QTest::newRow("next month, last month") << page.addMonths(-1) << "CalendarRightMonthBtn" << page.addMonths(today.day() >= 15 ? 0 : -1);
@@ -230,22 +221,23 @@ private slots:
         QTest::newRow("previous year, 1900") << QDate(1900, 7, 1) << "CalendarLeftYearBtn" << QDate(1900, 7, 1);
         QTest::newRow("previous month, February 1900") << QDate(1900, 2, 1) << "CalendarLeftMonthBtn" << QDate(1900, 1, 1);
         QTest::newRow("previous year, 1901") << QDate(1901, 5, 1) << "CalendarLeftYearBtn" << QDate(1900, 5, 1);
+        QTest::newRow("month box to January") << QDate(1950, 6, 1) << "CalendarCbMonth=1" << QDate(1950, 1, 1);
+        QTest::newRow("year box to 1900") << QDate(1950, 6, 1) << "CalendarCbYear=1900" << QDate(1900, 6, 1);
     }
     void calendarNavigation()
     {
         UxCalendarTimeWidget cal(nullptr, true, true);
         cal.setCurrentPage(cell<QDate>("page").year(), cell<QDate>("page").month()); // the boxes follow the page
-        button(&cal, cell<QString>("button"))->click();
+        const QStringList target = cell<QString>("button").split('='); // a button, or a box and its new text
+        target.size() > 1 ? Rows::child<QComboBox>(&cal, target[0])->setCurrentText(target[1]) : button(&cal, target[0])->click();
         QTEST(QDate(cal.yearShown(), cal.monthShown(), 1), "expected");
     }
 
     // Confirm reports the selected day with the row's time; now and clear select today first.
     void calendarButtons_data()
     {
-        QTest::addColumn<bool>("dateOnly");
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("fields");
-        QTest::addColumn<QString>("expected"); // selected day, then what was reported
+        Rows::columns<bool>({"dateOnly"});
+        Rows::columns<QString>({"button", "fields", "expected"}); // expected: the selected day, then what was reported
         const QString today = QDate::currentDate().toString(kDay), picked = QDate::currentDate().addDays(-3).toString(kDay);
         QTest::newRow("confirm") << false << "确定" << "090807" << picked + " " + picked + "T09:08:07.000";
         QTest::newRow("confirm, hour not a number") << false << "确定" << "ab0807" << picked + " " + picked + "T00:08:07.000";
@@ -277,14 +269,14 @@ private slots:
     // Day cells by skin: fill and number colours; only today fills the whole cell.
     void calendarCells_data()
     {
-        for (const char* column : {"which", "fill", "text"})
-            QTest::addColumn<QString>(column);
+        Rows::columns<QString>({"which", "fill", "text"});
         QTest::newRow("light selected") << "selected" << "#0096ff" << "#ffffff";
         QTest::newRow("light out of range") << "outside" << "#efefef" << "#000000";
         QTest::newRow("dark weekend") << "weekend" << "#1f294d" << "#ff4343";
         QTest::newRow("black selected") << "selected" << "#8fa4c9" << "#ffffff";
         QTest::newRow("black weekday") << "weekday" << "#485366" << "#d9dfea";
         QTest::newRow("black out of range") << "outside" << "#7d8695" << "#d9dfea";
+        QTest::newRow("black minimum, a Monday") << "minimum" << "#485366" << "#d9dfea";
         QTest::newRow("black today") << "today" << "#00ffff" << "#a52a2a";
     }
     void calendarCells()
@@ -294,7 +286,7 @@ private slots:
         const QDate today = QDate::currentDate();
         UxCore::instance()->setCurrentSkin(QString::fromLatin1(QTest::currentDataTag()).section(' ', 0, 0));
         cal.setSelectedDate(today.addDays(-14));
-        QDate date = which == "selected" ? cal.selectedDate() : which == "outside" ? QDate(1899, 12, 20) : which == "today" ? today : today.addDays(-7);
+        QDate date = which == "selected" ? cal.selectedDate() : which == "outside" ? QDate(1899, 12, 20) : which == "minimum" ? cal.minimumDate() : which == "today" ? today : today.addDays(-7);
         // Weekday and weekend cells come from the shown month, whatever today is.
         if (which.startsWith("week"))
             for (date = cal.selectedDate().addDays(1 - cal.selectedDate().day());
@@ -311,11 +303,10 @@ private slots:
         // it (antialiasing leaves thin digits without a pixel of the exact colour).
         const QColor text(cell<QString>("text"));
         int nearest = INT_MAX;
-        for (int y = 0; y < img.height(); ++y)
-            for (int x = 0; x < img.width(); ++x) {
-                const QColor c(img.pixel(x, y));
-                nearest = qMin(nearest, qAbs(c.red() - text.red()) + qAbs(c.green() - text.green()) + qAbs(c.blue() - text.blue()));
-            }
+        for (int i = 0; i < img.width() * img.height(); ++i) {
+            const QColor c(img.pixel(i % img.width(), i / img.width()));
+            nearest = qMin(nearest, qAbs(c.red() - text.red()) + qAbs(c.green() - text.green()) + qAbs(c.blue() - text.blue()));
+        }
         QVERIFY2(nearest < 48, qPrintable(QString::number(nearest)));
     }
 
@@ -324,8 +315,8 @@ private slots:
     void calendarTimeRow_data()
     {
         const QDate today = QDate::currentDate();
-        QTest::addColumn<QDateTime>("bound");
-        QTest::addColumn<QString>("fields");
+        Rows::columns<QDateTime>({"bound"});
+        Rows::columns<QString>({"fields"});
         QTest::newRow("minimum ahead") << QDateTime(today.addDays(2), QTime(13, 14, 15)) << "131415";
         QTest::newRow("maximum behind") << QDateTime(today.addDays(-2), QTime(1, 2, 3)) << "010203";
     }
@@ -359,7 +350,7 @@ private slots:
     {
         const QRect avail = QGuiApplication::primaryScreen()->availableGeometry();
         QWidget window(nullptr, Qt::FramelessWindowHint);
-        window.setGeometry(avail.x() + 50, avail.height() - 60, 200, 40);
+        window.setGeometry(avail.x() + 50, avail.y() + 20, 200, 40);
         const QWidgetList before = QApplication::topLevelWidgets();
         auto* edit = new UxCalendarTimeEdit(&window);
         edit->setGeometry(10, 5, 150, 24);
@@ -367,10 +358,12 @@ private slots:
         QVERIFY(QTest::qWaitForWindowExposed(&window));
         QWidget* frame = newTopLevel(before, QStringLiteral("calendarFramWidget"), edit);
         auto* cal = frame->findChild<UxCalendarTimeWidget*>();
-        QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, -cal->height())));
-        window.move(avail.x() + 50, avail.y() + 20);
-        QTest::mouseClick(edit, Qt::LeftButton);
         QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, edit->height())));
+        for (int past : {0, 1, avail.height()}) { // the calendar ending on, one pixel past the available height, off every screen
+            window.move(window.x(), window.y() + avail.height() + past - cal->height() - edit->mapToGlobal(QPoint(0, edit->height())).y());
+            QTest::mouseClick(edit, Qt::LeftButton);
+            QCOMPARE(frame->pos(), edit->mapToGlobal(QPoint(-8, past ? -cal->height() : edit->height())));
+        }
         const qint64 icon = edit->findChild<QAction*>()->icon().cacheKey();
         UxCore::instance()->setCurrentSkin(QStringLiteral("dark")); // the icon stays the one of construction
         QCOMPARE(edit->findChild<QAction*>()->icon().cacheKey(), icon);
@@ -389,6 +382,10 @@ private slots:
         edit->setCalendarMinDate(raised.addDays(-1));
         QCOMPARE(edit->text() + " " + cal->minimumDate().toString(kDay), raised.toString(kDay) + " " + raised.addDays(-1).toString(kDay));
         QCOMPARE(edit->date(), raised);
+        cal->setSelectedDate(raised.date().addDays(1));
+        button(cal, QStringLiteral("确定"))->click();
+        edit->setCalendarMinDate(raised); // no later than the stored minimum: the pick stays
+        QCOMPARE(edit->date(), QDateTime(raised.date().addDays(1), QTime(0, 0)));
     }
 
     // A pick reports twice, the edit's own change once and only when the day changes.
@@ -413,8 +410,7 @@ private slots:
     // the choice, the checked action and the saved zone.
     void clockZone_data()
     {
-        for (const char* column : {"menu", "stored", "base", "hours", "name", "checked"})
-            QTest::addColumn<QVariant>(column);
+        Rows::columns<QVariant>({"menu", "stored", "base", "hours", "name", "checked"});
         auto row = [](const char* tag, bool menu, const QVariant& zone, int base, int hours, const QString& name, const QString& checked) {
             QTest::newRow(tag) << QVariant(menu) << QVariant(zone.isValid() ? QVariantMap{{"zone", zone}} : QVariantMap()) << QVariant(base)
                                << QVariant(hours) << QVariant(name) << QVariant(checked);

@@ -1,4 +1,5 @@
 #include "uxtestenv.h"
+#include "popups_rows.h"
 
 #include "uxfiledialog.h"
 #include "uxmessagebox.h"
@@ -45,16 +46,13 @@ const QList<QPair<QMessageBox::StandardButton, const char*>> kButtons{
 
 QAbstractButton* boxButton(QWidget* box, int b) { return box->findChild<QDialogButtonBox*>("BtnBox")->button(QDialogButtonBox::StandardButton(b)); }
 
-template <typename T = QPushButton>
-T* child(QWidget* w, const char* name) { return w->findChild<T*>(QLatin1String(name)); }
+using Rows::cell;
+using Rows::child;
 QFileDialog* chooser(QWidget* dlg) { return dlg->findChild<QFileDialog*>(); }
-bool click(QWidget* dlg, const char* name) { return child(dlg, name) && (child(dlg, name)->click(), true); }
+bool click(QWidget* dlg, const QString& name) { return child(dlg, name) && (child(dlg, name)->click(), true); }
 
 // Types NAME into the chooser and presses Open once the chooser allows it.
 bool typeAndOpen(QWidget* dlg, const QString& name) { return child<QLineEdit>(dlg, "fileNameEdit")->setText(name), child(dlg, "openButton")->isEnabled() && click(dlg, "openButton"); }
-
-QStringList logLines; // lines of the file dialog's log messages
-void captureLines(QtMsgType, const QMessageLogContext& c, const QString&) { logLines << QString(c.file).right(27) + ':' + QString::number(c.line); }
 
 } // namespace
 
@@ -107,10 +105,6 @@ private Q_SLOTS:
                                  << QVariant(QVariantList{true, QFileDialog().isSizeGripEnabled(), 24, 24});
         QTest::newRow("open button") << QVariant(QVariantList{child(&dlg, "openButton")->size(), child(&dlg, "openButton")->styleSheet().left(24), child(&dlg, "cancelButton")->text()})
                                      << QVariant(QVariantList{QSize(68, 24), "#openButton{border:none;", "取消"});
-        qInstallMessageHandler(captureLines);
-        delete new UxFileDialog;
-        qInstallMessageHandler(nullptr);
-        QTest::newRow("log lines") << QVariant(logLines) << QVariant(QStringList{"filedialog/uxfiledialog.cpp:172", "filedialog/uxfiledialog.cpp:50"});
     }
     void contract()
     {
@@ -120,10 +114,9 @@ private Q_SLOTS:
 
     void returnCodes_data()
     {
-        QTest::addColumn<int>("runner"); // 0 constructed, 1 information, 2 warning, 3 critical, 4 question
-        QTest::addColumn<int>("buttons");
-        QTest::addColumn<QString>("exit"); // a button value, "close" or "escape"
-        QTest::addColumn<int>("expected");
+        Rows::columns<int>({"runner", "buttons"}); // runner: 0 constructed, 1 information, 2 warning, 3 critical, 4 question
+        Rows::columns<QString>({"exit"}); // a button value, "close" or "escape"
+        Rows::columns<int>({"expected"});
         const int okCancel = QMessageBox::Ok | QMessageBox::Cancel;
         const int yesNo = QMessageBox::Yes | QMessageBox::No;
         QTest::newRow("information ok") << 1 << okCancel << "1024" << 0x400;
@@ -136,15 +129,13 @@ private Q_SLOTS:
     }
     void returnCodes()
     {
-        QFETCH(int, runner);
-        QFETCH(int, buttons);
-        QFETCH(QString, exit);
-        QFETCH(int, expected);
+        const int runner = cell<int>("runner"), expected = cell<int>("expected");
+        const QString exit = cell<QString>("exit");
         QAbstractButton* clicked = nullptr;
         drive<UxMessageBox>([&](UxMessageBox* box) {
             return exit == "escape" ? QTest::keyClick(box, Qt::Key_Escape) : (exit == "close" ? child(box, "closeBtn") : (clicked = boxButton(box, exit.toInt())))->click(), true;
         });
-        const auto flags = QFlags<QMessageBox::StandardButton>(buttons);
+        const auto flags = QFlags<QMessageBox::StandardButton>(cell<int>("buttons"));
         using Helper = int (*)(const QString&, const QString&, QFlags<QMessageBox::StandardButton>);
         const Helper helpers[] = {nullptr, UxMessageBox::information, UxMessageBox::warning, UxMessageBox::critical, UxMessageBox::question};
         UxMessageBox box("t", "m", flags);
@@ -173,30 +164,6 @@ private Q_SLOTS:
             check->setCheckState(state);
             QCOMPARE(box.checkBoxChecked(), state == Qt::Checked);
         }
-    }
-
-    // The white panel spans (4, 4) to (w - 4, h - 4); the skin's images fill the border.
-    void panelIsPaintedInsideTheShadow()
-    {
-        UxTest::writeSkin("painted", {{"controls/messagebox.css", "#baseFrame { border: none; background: transparent; }"}});
-        QImage red(4, 4, QImage::Format_ARGB32);
-        red.fill(Qt::red);
-        QDir(UxTest::skinRoot()).mkpath("painted/bg");
-        for (const char* piece : {"top_left", "left", "bottom_left", "top", "bottom", "right", "top_right", "bottom_right"})
-            red.save(UxTest::skinRoot() + QStringLiteral("/painted/bg/shadow_%1.png").arg(piece));
-        UxCore::instance()->setCurrentSkin("painted");
-        UxMessageBox box(QString(), QString(), QMessageBox::Ok);
-        QImage image(box.size(), QImage::Format_ARGB32_Premultiplied);
-        image.fill(Qt::transparent);
-        box.render(&image);
-        UxCore::instance()->setCurrentSkin("light");
-        const int w = box.width(), h = box.height();
-        const QRgb white = qRgb(255, 255, 255), shadow = qRgb(255, 0, 0);
-        for (const QPoint& p : {QPoint(4, h / 2), QPoint(w - 5, h / 2), QPoint(w / 2, 4), QPoint(w / 2, h - 5)})
-            QCOMPARE(image.pixel(p), white);
-        for (const QPoint& p : {QPoint(3, h / 2), QPoint(w - 4, h / 2), QPoint(w / 2, 3), QPoint(w / 2, h - 4), QPoint(0, 0), QPoint(w - 1, 0), QPoint(0, h - 1),
-                                QPoint(w - 1, h - 1), QPoint(3, 3), QPoint(w - 4, 3), QPoint(3, h - 4), QPoint(w - 4, h - 4)})
-            QCOMPARE(image.pixel(p), shadow);
     }
 
     void clickedButtonDiesFirst()
@@ -242,12 +209,9 @@ private Q_SLOTS:
 
     void helpers_data()
     {
-        QTest::addColumn<int>("helper"); // 0 open, 1 save, 2 folder
-        QTest::addColumn<QString>("caption");
-        QTest::addColumn<QString>("filter"); // in: preselected; out: the choice
-        QTest::addColumn<QString>("exit"); // a file to accept or a button
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<QString>("chosenFilter");
+        Rows::columns<int>({"helper"}); // 0 open, 1 save, 2 folder
+        // filter: in, the preselected one; out, the choice. exit: a file to accept or a button.
+        Rows::columns<QString>({"caption", "filter", "exit", "answer", "chosenFilter"});
         QTest::newRow("open, nothing preselected") << 0 << "Open" << "" << "a.txt" << "a.txt" << "Text (*.txt)";
         QTest::newRow("open, preselected") << 0 << "" << "Logs (*.log)" << "c.log" << "c.log" << "Logs (*.log)";
         QTest::newRow("save, offered from dir") << 1 << "" << "" << "saveButton" << "new.csv" << "Tables (*.csv)";
@@ -262,7 +226,7 @@ private Q_SLOTS:
         drive<UxFileDialog>([&](UxFileDialog* d) {
             shownTitle = child<QLabel>(d, "titleLabel")->text();
             offered = child<QLineEdit>(d, "fileNameEdit")->text();
-            return exit.contains('.') && helper == 0 ? typeAndOpen(d, exit) : click(d, exit.toLatin1());
+            return exit.contains('.') && helper == 0 ? typeAndOpen(d, exit) : click(d, exit);
         });
         const QString filters = helper ? "Tables (*.csv)" : "Text (*.txt);;Logs (*.log)";
         QString got;
