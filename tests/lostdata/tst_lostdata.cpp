@@ -30,14 +30,8 @@ QList<_TableHHeaderData> bigList(int columns, const QString& tag)
         h.feild = QStringLiteral("%1Field%2").arg(tag).arg(i);
         h.isShow = i % 3 != 0;
         h.isChangeColor = i % 2 == 0;
-        h.defaultColor = QColor(QStringLiteral("#333333"));
         h.riseColor = QColor(QStringLiteral("#e53935"));
         h.fallColor = QColor(QStringLiteral("#1e9e50"));
-        h.suspensionColor = QColor(QStringLiteral("#8a8a8a"));
-        h.defaultBgColor = QColor(QStringLiteral("#ffffff"));
-        h.riseBgColor = QColor(QStringLiteral("#ffd9d6"));
-        h.fallBgColor = QColor(QStringLiteral("#d3f2de"));
-        h.defaultValue = QStringLiteral("--");
         h.alignment = i % 2 ? Qt::AlignRight : Qt::AlignLeft;
         list.append(h);
     }
@@ -127,17 +121,6 @@ private slots:
         QDir().mkpath(dir);
     }
 
-    void listsSurviveTheRoundTrip()
-    {
-        // The check below is only meaningful if a clean save reads back equal.
-        QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("file is not exists!")));
-        UxTableDataManager::getInstance()->setUserFileName(userFile());
-        QVERIFY(UxTableDataManager::getInstance()->saveUserConfig(listA()));
-        QCOMPARE(whichList(userFile()), 'A');
-        QVERIFY(UxTableDataManager::getInstance()->saveUserConfig(listB()));
-        QCOMPARE(whichList(userFile()), 'B');
-    }
-
     void killedWhileSaving()
     {
         // The file exists before the first kill, so "old" is always a list.
@@ -191,23 +174,6 @@ private slots:
             if (QFile::exists(userFile()))
                 QVERIFY2(whichList(userFile()), qPrintable(QStringLiteral("round %1 (seed %2)").arg(round).arg(seed)));
         }
-    }
-
-    void damagedFileIsKeptAsideOnce()
-    {
-        // The damaged file goes aside once; the saves after it replace the
-        // good file in place and leave ".bad" alone.
-        UxTableDataManager* m = UxTableDataManager::getInstance();
-        UxTest::writeFile(userFile(), "\x00\x01 not json");
-        QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral(".")));
-        m->setUserFileName(userFile());
-        QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("damaged user file kept as")));
-        QVERIFY(m->saveUserConfig(listB()));
-        QCOMPARE(UxTest::readFile(userFile() + QStringLiteral(".bad")), QByteArray("\x00\x01 not json"));
-        QCOMPARE(whichList(userFile()), 'B');
-        QVERIFY(m->saveUserConfig(listA()));
-        QCOMPARE(whichList(userFile()), 'A');
-        QCOMPARE(UxTest::readFile(userFile() + QStringLiteral(".bad")), QByteArray("\x00\x01 not json"));
     }
 };
 
