@@ -10,59 +10,28 @@
 
 #include "uxtabledatamanager.h"
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QRandomGenerator>
 
 #include <cstdio>
 
 namespace {
 
-// Two lists that survive a write and a read exactly (valid colours, one
-// alignment enumerator each), told apart by size and content.
+// Two lists that survive a write and a read exactly, told apart by size and content.
 QList<_TableHHeaderData> bigList(int columns, const QString& tag)
 {
     QList<_TableHHeaderData> list;
     for (int i = 0; i < columns; ++i) {
-        _TableHHeaderData h;
-        h.text = QStringLiteral("%1 列 %2").arg(tag).arg(i);
-        h.feild = QStringLiteral("%1Field%2").arg(tag).arg(i);
-        h.isShow = i % 3 != 0;
-        h.isChangeColor = i % 2 == 0;
-        h.riseColor = QColor(QStringLiteral("#e53935"));
-        h.fallColor = QColor(QStringLiteral("#1e9e50"));
-        h.alignment = i % 2 ? Qt::AlignRight : Qt::AlignLeft;
-        list.append(h);
+        list.append(_TableHHeaderData());
+        list.last().text = QStringLiteral("%1 列 %2").arg(tag).arg(i);
+        list.last().feild = QStringLiteral("%1Field%2").arg(tag).arg(i);
+        list.last().isShow = i % 3;
     }
     return list;
 }
 
-const QList<_TableHHeaderData>& listA()
-{
-    static const QList<_TableHHeaderData> list = bigList(6000, QStringLiteral("A"));
-    return list;
-}
-
-const QList<_TableHHeaderData>& listB()
-{
-    static const QList<_TableHHeaderData> list = bigList(4000, QStringLiteral("B"));
-    return list;
-}
+const QList<_TableHHeaderData> kListA = bigList(6000, QStringLiteral("A"));
+const QList<_TableHHeaderData> kListB = bigList(4000, QStringLiteral("B"));
 
 void quiet(QtMsgType, const QMessageLogContext&, const QString&) {}
-
-// The child: saves A and B in turn until it is killed.
-int saveLoop(const QString& file)
-{
-    qInstallMessageHandler(quiet);
-    UxTableDataManager* m = UxTableDataManager::getInstance();
-    m->setUserFileName(file);
-    std::puts("ready");
-    std::fflush(stdout);
-    for (unsigned n = 0;; ++n)
-        m->saveUserConfig(n % 2 ? listB() : listA());
-}
 
 } // namespace
 
@@ -76,15 +45,12 @@ class TstLostData : public QObject
 
     QString userFile() const { return dir + QStringLiteral("/userhsstocktable.json"); }
 
-    // Starts the child on FILE, waits until it saves, kills it after a
-    // random delay of up to MAXMS.
-    void runAndKill(const QString& file, int maxMs)
+    // Starts the child on the user file, waits until it saves, kills it after
+    // a random delay of up to MAXMS.
+    void runAndKill(int maxMs)
     {
         QProcess child;
-        child.setProgram(QCoreApplication::applicationFilePath());
-        child.setArguments({QStringLiteral("--save-loop"), file});
-        child.setProcessChannelMode(QProcess::SeparateChannels);
-        child.start();
+        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--save-loop"), userFile()});
         QVERIFY2(child.waitForStarted(30000), qPrintable(child.errorString()));
         QVERIFY(child.waitForReadyRead(60000));
         QVERIFY(child.readAllStandardOutput().startsWith("ready"));
@@ -94,15 +60,10 @@ class TstLostData : public QObject
         QCOMPARE(child.exitStatus(), QProcess::CrashExit);
     }
 
-    // Which of the two lists FILE holds: 'A', 'B', or 0 for anything else.
-    char whichList(const QString& file)
+    bool holdsAList() // one of the two, complete
     {
-        const QList<_TableHHeaderData> read = UxTableDataManager::getInstance()->getTableHeaderData(file);
-        if (read == listA())
-            return 'A';
-        if (read == listB())
-            return 'B';
-        return 0;
+        const QList<_TableHHeaderData> read = UxTableDataManager::getInstance()->getTableHeaderData(userFile());
+        return read == kListA || read == kListB;
     }
 
 private slots:
@@ -114,75 +75,70 @@ private slots:
         qInfo("random seed %u (set UX_LOSTDATA_SEED to repeat)", seed);
     }
 
-    void init()
+    // Intact: the file exists before the first kill, so "old" is always a
+    // list, and it is never kept aside. Damaged: whenever the kill comes, the
+    // damaged bytes are still somewhere, in the user file (nothing saved yet)
+    // or in ".bad", and the user file is the damaged one, absent for an
+    // instant, or a complete list.
+    void killedWhileSaving_data()
     {
-        dir = UxTest::rootDir() + QStringLiteral("/lostdata-") + QString::fromLatin1(QTest::currentTestFunction());
-        QDir(dir).removeRecursively();
-        QDir().mkpath(dir);
+        QTest::addColumn<QByteArray>("damaged"); // empty: an intact file
+        QTest::addColumn<int>("rounds");
+        QTest::addColumn<int>("maxMs");
+        QTest::newRow("intact file") << QByteArray() << 40 << 400;
+        QTest::newRow("damaged file") << QByteArray("{\"horizontalHeader\":[{\"feild\":\"Now\",\"te") << 15 << 150;
     }
-
     void killedWhileSaving()
     {
-        // The file exists before the first kill, so "old" is always a list.
+        QFETCH(QByteArray, damaged);
+        QFETCH(int, rounds);
+        QFETCH(int, maxMs);
+        dir = UxTest::rootDir() + QStringLiteral("/lostdata-") + QString::number(rounds);
+        QDir(dir).removeRecursively();
+        QDir().mkpath(dir);
+        const QString aside = userFile() + QStringLiteral(".bad");
+        UxTableDataManager* m = UxTableDataManager::getInstance();
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("file is not exists!")));
-        UxTableDataManager::getInstance()->setUserFileName(userFile());
-        QVERIFY(UxTableDataManager::getInstance()->saveUserConfig(listB()));
-        int seenA = 0;
-        int seenB = 0;
-        for (int round = 0; round < 40; ++round) {
-            runAndKill(userFile(), 400);
+        m->setUserFileName(userFile());
+        QVERIFY(m->saveUserConfig(kListB));
+        for (int round = 0; round < rounds; ++round) {
+            const QString where = QStringLiteral("round %1 (seed %2)").arg(round).arg(seed);
+            if (!damaged.isEmpty()) {
+                QFile::remove(aside);
+                UxTest::writeFile(userFile(), damaged);
+            }
+            runAndKill(maxMs);
             if (QTest::currentTestFailed())
                 return;
-            const char which = whichList(userFile());
-            QVERIFY2(which, qPrintable(QStringLiteral("round %1 (seed %2): the user file is neither list, %3 bytes")
-                                           .arg(round)
-                                           .arg(seed)
-                                           .arg(QFileInfo(userFile()).size())));
-            which == 'A' ? ++seenA : ++seenB;
-        }
-        qInfo("after 40 kills: %d times the first list, %d times the second", seenA, seenB);
-        // An intact file is never kept aside, and the next save removes the
-        // temporaries the killed saves left (and only those).
-        QVERIFY(!QFile::exists(userFile() + QStringLiteral(".bad")));
-        UxTest::writeFile(userFile() + QStringLiteral(".Ab12Cd"), "left by a killed save");
-        UxTest::writeFile(dir + QStringLiteral("/other.json.Ab12Cd"), "not ours");
-        QVERIFY(UxTableDataManager::getInstance()->saveUserConfig(listA()));
-        QCOMPARE(QDir(dir).entryList(QDir::Files),
-                 QStringList({QStringLiteral("other.json.Ab12Cd"), QStringLiteral("userhsstocktable.json")}));
-    }
-
-    void killedWhileReplacingADamagedFile()
-    {
-        // A damaged file is kept as ".bad" before the first save. Whenever the
-        // kill comes, the damaged bytes are still somewhere: in the user file
-        // (nothing saved yet) or in ".bad", and the user file is either the
-        // damaged one, absent for an instant, or a complete list.
-        const QByteArray damaged = "{\"horizontalHeader\":[{\"feild\":\"Now\",\"te";
-        for (int round = 0; round < 15; ++round) {
-            QFile::remove(userFile() + QStringLiteral(".bad"));
-            UxTest::writeFile(userFile(), damaged);
-            runAndKill(userFile(), 150);
-            if (QTest::currentTestFailed())
-                return;
-            const QByteArray now = UxTest::readFile(userFile());
-            const QByteArray aside = UxTest::readFile(userFile() + QStringLiteral(".bad"));
-            if (now == damaged) {
-                QVERIFY(!QFile::exists(userFile() + QStringLiteral(".bad")));
+            if (!damaged.isEmpty() && UxTest::readFile(userFile()) == damaged) {
+                QVERIFY2(!QFile::exists(aside), qPrintable(where));
                 continue;
             }
-            QCOMPARE(aside, damaged);
-            if (QFile::exists(userFile()))
-                QVERIFY2(whichList(userFile()), qPrintable(QStringLiteral("round %1 (seed %2)").arg(round).arg(seed)));
+            QCOMPARE(UxTest::readFile(aside), damaged);
+            QVERIFY2(holdsAList() || (!damaged.isEmpty() && !QFile::exists(userFile())), qPrintable(where));
         }
+        if (!damaged.isEmpty())
+            return;
+        // The next save removes the temporaries the killed saves left, and only those.
+        UxTest::writeFile(userFile() + QStringLiteral(".Ab12Cd"), "left by a killed save");
+        UxTest::writeFile(dir + QStringLiteral("/other.json.Ab12Cd"), "not ours");
+        QVERIFY(m->saveUserConfig(kListA));
+        QCOMPARE(QDir(dir).entryList(QDir::Files), QStringList({"other.json.Ab12Cd", "userhsstocktable.json"}));
     }
 };
 
 int main(int argc, char* argv[])
 {
-    // The child mode runs before any test set-up: it only needs the manager.
+    // The child mode runs before any test set-up: it saves A and B in turn until it is killed.
     if (argc == 3 && qstrcmp(argv[1], "--save-loop") == 0) {
         QCoreApplication app(argc, argv);
-        return saveLoop(QString::fromLocal8Bit(argv[2]));
+        qInstallMessageHandler(quiet);
+        UxTableDataManager* m = UxTableDataManager::getInstance();
+        m->setUserFileName(QString::fromLocal8Bit(argv[2]));
+        std::puts("ready");
+        std::fflush(stdout);
+        for (unsigned n = 0;; ++n)
+            m->saveUserConfig(n % 2 ? kListB : kListA);
     }
     qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? QByteArray("offscreen")
                                                                      : qgetenv("QT_QPA_PLATFORM"));

@@ -6,7 +6,6 @@
 #include "uxscrollarea.h"
 #include "uxviewscrollbarexpand.h"
 
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
@@ -15,7 +14,6 @@
 #include <QTableView>
 #include <QWheelEvent>
 
-#include <memory>
 
 namespace {
 
@@ -72,26 +70,6 @@ class TstScrolling : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void contract()
-    {
-        auto list = makeList(50);
-        UxViewScrollbarExpand expand(list.get());
-        UxScrollArea area;
-        QCOMPARE(QVariantList({list->verticalScrollBarPolicy(), list->horizontalScrollBarPolicy(),
-                               list->verticalScrollMode(), list->horizontalScrollMode()}),
-                 QVariantList({Qt::ScrollBarAlwaysOff, Qt::ScrollBarAlwaysOff, QAbstractItemView::ScrollPerItem,
-                               QAbstractItemView::ScrollPerItem}));
-        QVERIFY(list->hasMouseTracking() && area.hasMouseTracking());
-        QVERIFY(overlay(list.get(), 'V')->isHidden() && overlay(list.get(), 'H')->isHidden());
-        QVERIFY(!overlay(list.get(), 'V')->hasTracking());
-        QCOMPARE(expand.scollbarStyle(), QStringLiteral(
-            "QScrollBar:vertical{background:rgba(126,154,248,0.2);}QScrollBar::handle:vertical{background:#C1C1C1;}"
-            "QScrollBar:horizontal {            background:rgba(126,154,248,0.2);}                                  "
-            "QScrollBar::handle:horizontal {    background:#C1C1C1;}"));
-        for (const char* slot : {"slotValueChanged(int)", "slotHorizentalValueChanged(int)"})
-            QVERIFY2(UxViewScrollbarExpand::staticMetaObject.indexOfSlot(slot) >= 0, slot);
-    }
-
     // Only a bar visible when the area is shown is hidden then; one that
     // becomes needed later shows until the mouse has come and gone.
     void scrollAreaBarsFollowTheMouse_data()
@@ -109,7 +87,7 @@ private Q_SLOTS:
         area.setWidget(content);
         area.resize(200, 200);
         area.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&area));
+        QVERIFY(QTest::qWaitForWindowExposed(&area) && area.hasMouseTracking());
         content->setFixedSize(600, 600);
         QCoreApplication::processEvents();
         QScrollBar* v = area.verticalScrollBar();
@@ -120,8 +98,8 @@ private Q_SLOTS:
         QVERIFY(v->isVisible() && area.horizontalScrollBar()->isVisible());
     }
 
-    // The overlays sit on the right and bottom edges (below a table's header)
-    // and move the view, and the view them.
+    // The overlays replace the view's bars: hidden at first, on the right and
+    // bottom edges (below a table's header), moving the view and moved by it.
     void overlaysReplaceTheViewsBars()
     {
         QStandardItemModel model(50, 3);
@@ -132,7 +110,16 @@ private Q_SLOTS:
         const int top = view.horizontalHeader()->height();
         QVERIFY(top > 0);
         UxViewScrollbarExpand expand(&view);
+        QCOMPARE(QVariantList({view.verticalScrollBarPolicy(), view.horizontalScrollBarPolicy(), view.verticalScrollMode(),
+                               view.horizontalScrollMode(), view.hasMouseTracking()}),
+                 QVariantList({Qt::ScrollBarAlwaysOff, Qt::ScrollBarAlwaysOff, QAbstractItemView::ScrollPerItem,
+                               QAbstractItemView::ScrollPerItem, true}));
+        QCOMPARE(expand.scollbarStyle(), QStringLiteral(
+            "QScrollBar:vertical{background:rgba(126,154,248,0.2);}QScrollBar::handle:vertical{background:#C1C1C1;}"
+            "QScrollBar:horizontal {            background:rgba(126,154,248,0.2);}                                  "
+            "QScrollBar::handle:horizontal {    background:#C1C1C1;}"));
         QScrollBar* v = overlay(&view, 'V');
+        QVERIFY(v->isHidden() && overlay(&view, 'H')->isHidden() && !v->hasTracking());
         for (const QSize& s : {QSize(240, 180), QSize(300, 220)}) {
             view.resize(s);
             QCOMPARE(v->geometry(), QRect(s.width() - 8, top, 8, s.height() - top));
@@ -145,45 +132,56 @@ private Q_SLOTS:
         QCOMPARE(v->value(), 3);
     }
 
-    // What shows the overlays; content that fits shows none.
-    void activityShowsTheOverlay_data()
+    // What shows the overlays (content that fits shows none); the expander
+    // only watches, every event still reaches the view.
+    void activity_data()
     {
         QTest::addColumn<int>("items");
-        QTest::addColumn<QString>("activity");
+        QTest::addColumn<int>("type"); // 0: a click on an item, 1: a press on the overlay
+        QTest::addColumn<char>("at");  // for mouse moves: over 'V' or 'H', or elsewhere
         QTest::addColumn<bool>("shown");
-        QTest::newRow("enter") << 100 << "enter" << true;
-        QTest::newRow("enter, content fits") << 2 << "enter" << false;
-        QTest::newRow("leave") << 100 << "leave" << false;
-        QTest::newRow("move over the side bar") << 100 << "V" << true;
-        QTest::newRow("move over the bottom bar") << 100 << "H" << true;
-        QTest::newRow("move elsewhere") << 100 << "move" << false;
-        QTest::newRow("click an item") << 100 << "click" << true;
-        QTest::newRow("press the slider") << 100 << "press" << true;
+        QTest::newRow("enter") << 100 << int(QEvent::Enter) << ' ' << true;
+        QTest::newRow("enter, content fits") << 2 << int(QEvent::Enter) << ' ' << false;
+        QTest::newRow("leave") << 100 << int(QEvent::Leave) << ' ' << false;
+        QTest::newRow("move over the side bar") << 100 << int(QEvent::MouseMove) << 'V' << true;
+        QTest::newRow("move over the bottom bar") << 100 << int(QEvent::MouseMove) << 'H' << true;
+        QTest::newRow("move elsewhere") << 100 << int(QEvent::MouseMove) << ' ' << false;
+        QTest::newRow("resize") << 100 << int(QEvent::Resize) << ' ' << false;
+        QTest::newRow("key press") << 100 << int(QEvent::KeyPress) << ' ' << false;
+        QTest::newRow("click an item") << 100 << 0 << ' ' << true;
+        QTest::newRow("press the overlay") << 100 << 1 << ' ' << true;
     }
-    void activityShowsTheOverlay()
+    void activity()
     {
         QFETCH(int, items);
-        QFETCH(QString, activity);
+        QFETCH(int, type);
+        QFETCH(char, at);
         QFETCH(bool, shown);
         auto list = makeList(items);
         QVERIFY(QTest::qWaitForWindowExposed(list.get()));
+        Witness witness;
+        list->installEventFilter(&witness); // runs after the expander's
         UxViewScrollbarExpand expand(list.get());
         QScrollBar* v = overlay(list.get(), 'V');
         QSignalSpy pressed(list->verticalScrollBar(), &QScrollBar::sliderPressed);
-        if (activity.size() == 1) {
-            const QPoint at = overlay(list.get(), activity.at(0).toLatin1())->geometry().center();
-            UxTest::sendMouse(list.get(), QEvent::MouseMove, at, list->mapToGlobal(at), Qt::NoButton);
-        } else if (activity == QLatin1String("click")) {
+        list->setCurrentRow(0);
+        if (type == 0) {
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
-        } else if (activity == QLatin1String("press")) {
+        } else if (type == 1) {
             emit v->sliderPressed();
+        } else if (type == QEvent::KeyPress) {
+            QTest::keyClick(list.get(), Qt::Key_Down);
+            QCOMPARE(list->currentRow(), 1);
+        } else if (at != ' ') {
+            const QPoint pos = overlay(list.get(), at)->geometry().center();
+            UxTest::sendMouse(list.get(), QEvent::MouseMove, pos, list->mapToGlobal(pos), Qt::NoButton);
         } else {
-            send(list.get(), activity == QLatin1String("enter") ? QEvent::Enter
-                             : activity == QLatin1String("leave") ? QEvent::Leave : QEvent::MouseMove);
+            send(list.get(), type);
         }
         QCOMPARE(v->isVisible(), shown);
         QVERIFY(!overlay(list.get(), 'H')->isVisible()); // the items are narrow
-        QCOMPARE(pressed.count(), activity == QLatin1String("press") ? 1 : 0); // owners still see drags
+        QCOMPARE(pressed.count(), type == 1 ? 1 : 0); // owners still see drags
+        QVERIFY(type < 2 || witness.seen.contains(type));
     }
 
     // The overlays hide 2000 ms after the last activity. The hide runs through
@@ -254,43 +252,19 @@ private Q_SLOTS:
         QCOMPARE(overlay(list.get(), 'V')->isVisible(), !onViewport);
     }
 
-    // The expander only watches: every event still reaches the view, and
-    // anything else the filter was put on.
-    void filterNeverSwallows_data()
+    // Odd uses: the filter put on another object passes its events on; the
+    // view may die first; there may be no view at all.
+    void oddUses()
     {
-        QTest::addColumn<bool>("onView");
-        QTest::addColumn<int>("type");
-        for (int type : {QEvent::KeyPress, QEvent::Resize, QEvent::Enter, QEvent::Leave, QEvent::Wheel, QEvent::MouseMove})
-            QTest::addRow("view, event %d", type) << true << type;
-        for (int type : {QEvent::Enter, QEvent::Resize, QEvent::Wheel})
-            QTest::addRow("other object, event %d", type) << false << type;
-    }
-    void filterNeverSwallows()
-    {
-        QFETCH(bool, onView);
-        QFETCH(int, type);
         auto list = makeList(100);
+        UxViewScrollbarExpand expand(list.get());
         QWidget other;
-        QWidget* target = onView ? static_cast<QWidget*>(list.get()) : &other;
         Witness witness;
-        target->installEventFilter(&witness); // runs after the filters installed later
-        UxViewScrollbarExpand expand(list.get());
+        other.installEventFilter(&witness);
         other.installEventFilter(&expand);
-        witness.seen.clear();
-        if (type == QEvent::KeyPress) {
-            list->setCurrentRow(0);
-            QTest::keyClick(list.get(), Qt::Key_Down);
-            QCOMPARE(list->currentRow(), 1);
-        } else {
-            send(target, type);
-        }
-        QVERIFY(witness.seen.contains(type));
-    }
-
-    void viewMayDieFirstOrBeNull()
-    {
-        auto list = makeList(100);
-        UxViewScrollbarExpand expand(list.get());
+        for (int type : {QEvent::Enter, QEvent::Leave, QEvent::Resize})
+            send(&other, type);
+        QCOMPARE(witness.seen, QList<int>({QEvent::Enter, QEvent::Leave, QEvent::Resize}));
         expand.setScrollbarStayTime(50);
         send(list.get(), QEvent::Enter);
         list.reset();
