@@ -132,31 +132,44 @@ private Q_SLOTS:
         QCOMPARE(v->value(), 3);
     }
 
-    // What shows the overlays (content that fits shows none); the expander
-    // only watches, every event still reaches the view.
+    // What shows the overlays (content that fits shows none) and where the
+    // wheel takes the view: by 20 with the fixed bound 101 on the view itself,
+    // Qt's own step over the items. The expander only watches: every event
+    // still reaches the view.
     void activity_data()
     {
         QTest::addColumn<int>("items");
         QTest::addColumn<int>("type"); // 0: a click on an item, 1: a press on the overlay
-        QTest::addColumn<char>("at");  // for mouse moves: over 'V' or 'H', or elsewhere
+        QTest::addColumn<char>("at");  // mouse moves: over 'V', 'H' or elsewhere; wheel: 'd'own, 'u'p, over the 'i'tems
+        QTest::addColumn<int>("start");
         QTest::addColumn<bool>("shown");
-        QTest::newRow("enter") << 100 << int(QEvent::Enter) << ' ' << true;
-        QTest::newRow("enter, content fits") << 2 << int(QEvent::Enter) << ' ' << false;
-        QTest::newRow("leave") << 100 << int(QEvent::Leave) << ' ' << false;
-        QTest::newRow("move over the side bar") << 100 << int(QEvent::MouseMove) << 'V' << true;
-        QTest::newRow("move over the bottom bar") << 100 << int(QEvent::MouseMove) << 'H' << true;
-        QTest::newRow("move elsewhere") << 100 << int(QEvent::MouseMove) << ' ' << false;
-        QTest::newRow("resize") << 100 << int(QEvent::Resize) << ' ' << false;
-        QTest::newRow("key press") << 100 << int(QEvent::KeyPress) << ' ' << false;
-        QTest::newRow("click an item") << 100 << 0 << ' ' << true;
-        QTest::newRow("press the overlay") << 100 << 1 << ' ' << true;
+        QTest::addColumn<int>("value"); // afterwards; -1: the maximum
+        const int wheel = QEvent::Wheel, lines = QApplication::wheelScrollLines();
+        QTest::newRow("enter") << 100 << int(QEvent::Enter) << ' ' << 0 << true << 0;
+        QTest::newRow("enter, content fits") << 2 << int(QEvent::Enter) << ' ' << 0 << false << 0;
+        QTest::newRow("leave") << 100 << int(QEvent::Leave) << ' ' << 0 << false << 0;
+        QTest::newRow("move over the side bar") << 100 << int(QEvent::MouseMove) << 'V' << 0 << true << 0;
+        QTest::newRow("move over the bottom bar") << 100 << int(QEvent::MouseMove) << 'H' << 0 << true << 0;
+        QTest::newRow("move elsewhere") << 100 << int(QEvent::MouseMove) << ' ' << 0 << false << 0;
+        QTest::newRow("resize") << 100 << int(QEvent::Resize) << ' ' << 0 << false << 0;
+        QTest::newRow("key press") << 100 << int(QEvent::KeyPress) << ' ' << 0 << false << 1;
+        QTest::newRow("click an item") << 100 << 0 << ' ' << 0 << true << 1;
+        QTest::newRow("press the overlay") << 100 << 1 << ' ' << 0 << true << 0;
+        QTest::newRow("wheel down from the top") << 300 << wheel << 'd' << 0 << true << 20;
+        QTest::newRow("wheel down below the bound") << 300 << wheel << 'd' << 80 << true << 100;
+        QTest::newRow("wheel down at the bound: to the end") << 300 << wheel << 'd' << 81 << true << -1;
+        QTest::newRow("wheel up") << 300 << wheel << 'u' << 50 << true << 30;
+        QTest::newRow("wheel up near the top: to the start") << 300 << wheel << 'u' << 19 << true << 0;
+        QTest::newRow("wheel over the items") << 300 << wheel << 'i' << 50 << false << 50 + lines;
     }
     void activity()
     {
         QFETCH(int, items);
         QFETCH(int, type);
         QFETCH(char, at);
+        QFETCH(int, start);
         QFETCH(bool, shown);
+        QFETCH(int, value);
         auto list = makeList(items);
         QVERIFY(QTest::qWaitForWindowExposed(list.get()));
         Witness witness;
@@ -165,23 +178,25 @@ private Q_SLOTS:
         QScrollBar* v = overlay(list.get(), 'V');
         QSignalSpy pressed(list->verticalScrollBar(), &QScrollBar::sliderPressed);
         list->setCurrentRow(0);
+        list->verticalScrollBar()->setValue(start);
         if (type == 0) {
             QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
         } else if (type == 1) {
             emit v->sliderPressed();
         } else if (type == QEvent::KeyPress) {
             QTest::keyClick(list.get(), Qt::Key_Down);
-            QCOMPARE(list->currentRow(), 1);
-        } else if (at != ' ') {
+        } else if (type == QEvent::MouseMove && at != ' ') {
             const QPoint pos = overlay(list.get(), at)->geometry().center();
             UxTest::sendMouse(list.get(), QEvent::MouseMove, pos, list->mapToGlobal(pos), Qt::NoButton);
         } else {
-            send(list.get(), type);
+            send(at == 'i' ? list->viewport() : list.get(), type, at == 'u' ? 120 : -120);
         }
         QCOMPARE(v->isVisible(), shown);
         QVERIFY(!overlay(list.get(), 'H')->isVisible()); // the items are narrow
         QCOMPARE(pressed.count(), type == 1 ? 1 : 0); // owners still see drags
-        QVERIFY(type < 2 || witness.seen.contains(type));
+        QVERIFY(type < 2 || at == 'i' || witness.seen.contains(type));
+        QCOMPARE(type == QEvent::Wheel ? list->verticalScrollBar()->value() : list->currentRow(),
+                 value < 0 ? list->verticalScrollBar()->maximum() : value);
     }
 
     // The overlays hide 2000 ms after the last activity. The hide runs through
@@ -219,37 +234,6 @@ private Q_SLOTS:
             }
         }
         QFAIL("the overlay never hid");
-    }
-
-    // Wheel steps that reach the view itself move it by 20, with the fixed
-    // bound 101; those over the items stay the view's own (Qt's step).
-    void wheel_data()
-    {
-        QTest::addColumn<bool>("onViewport");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<int>("delta");
-        QTest::addColumn<int>("expected"); // -1: the view's maximum
-        QTest::newRow("down from the top") << false << 0 << -120 << 20;
-        QTest::newRow("down below the bound") << false << 80 << -120 << 100;
-        QTest::newRow("down at the bound jumps to the end") << false << 81 << -120 << -1;
-        QTest::newRow("up") << false << 50 << 120 << 30;
-        QTest::newRow("up near the top goes to the start") << false << 19 << 120 << 0;
-        QTest::newRow("over the items: Qt's step") << true << 50 << -120 << 50 + QApplication::wheelScrollLines();
-    }
-    void wheel()
-    {
-        QFETCH(bool, onViewport);
-        QFETCH(int, start);
-        QFETCH(int, delta);
-        QFETCH(int, expected);
-        auto list = makeList(300);
-        QVERIFY(QTest::qWaitForWindowExposed(list.get()));
-        UxViewScrollbarExpand expand(list.get());
-        QScrollBar* own = list->verticalScrollBar();
-        own->setValue(start);
-        send(onViewport ? list->viewport() : list.get(), QEvent::Wheel, delta);
-        QCOMPARE(own->value(), expected < 0 ? own->maximum() : expected);
-        QCOMPARE(overlay(list.get(), 'V')->isVisible(), !onViewport);
     }
 
     // Odd uses: the filter put on another object passes its events on; the
