@@ -6,7 +6,6 @@
 #include "uxscrollarea.h"
 #include "uxviewscrollbarexpand.h"
 
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QLabel>
 #include <QListWidget>
@@ -15,7 +14,6 @@
 #include <QTableView>
 #include <QWheelEvent>
 
-#include <memory>
 
 namespace {
 
@@ -35,19 +33,28 @@ QScrollBar* overlay(QAbstractItemView* view, char orientation)
                                         Qt::FindDirectChildrenOnly);
 }
 
-void sendPlain(QWidget* w, QEvent::Type type)
+// Sends one event of TYPE with plausible contents to TARGET.
+void send(QWidget* target, int type, char way = 'd') // wheel: 'd'own, 'u'p or 's'ideways
 {
-    QEvent e(type);
-    QCoreApplication::sendEvent(w, &e);
+    const QPoint at(5, 5);
+    if (type == QEvent::Wheel) {
+        const QPoint angle(way == 's' ? -120 : 0, way == 'u' ? 120 : -120 * (way == 'd'));
+        QWheelEvent e(at, at, QPoint(), angle, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(target, &e);
+    } else if (type == QEvent::Resize) {
+        QResizeEvent e(target->size(), QSize(1, 1));
+        QCoreApplication::sendEvent(target, &e);
+    } else {
+        QEvent e{QEvent::Type(type)};
+        QCoreApplication::sendEvent(target, &e);
+    }
 }
 
-void sendWheel(QWidget* w, int dy)
+struct Witness : QObject // records what gets past the filters installed after it
 {
-    const QPointF pos(w->width() / 2.0, w->height() / 2.0);
-    QWheelEvent e(pos, w->mapToGlobal(pos.toPoint()), QPoint(), QPoint(0, dy), Qt::NoButton, Qt::NoModifier,
-                  Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(w, &e);
-}
+    QList<int> seen;
+    bool eventFilter(QObject*, QEvent* e) override { return seen << int(e->type()), false; }
+};
 
 } // namespace
 
@@ -61,80 +68,129 @@ private Q_SLOTS:
     void scrollAreaBarsFollowTheMouse_data()
     {
         QTest::addColumn<int>("contentAtShow");
-        QTest::addColumn<bool>("visibleAfterGrowth");
-        QTest::newRow("needed at show") << 600 << false;
-        QTest::newRow("needed later") << 50 << true;
+        QTest::newRow("needed at show") << 600;
+        QTest::newRow("needed later") << 50;
     }
     void scrollAreaBarsFollowTheMouse()
     {
         QFETCH(int, contentAtShow);
-        QFETCH(bool, visibleAfterGrowth);
         UxScrollArea area;
         auto* content = new QLabel(QStringLiteral("content"));
         content->setFixedSize(contentAtShow, contentAtShow);
         area.setWidget(content);
         area.resize(200, 200);
         area.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&area));
+        QVERIFY(QTest::qWaitForWindowExposed(&area) && area.hasMouseTracking());
         content->setFixedSize(600, 600);
         QCoreApplication::processEvents();
         QScrollBar* v = area.verticalScrollBar();
-        QCOMPARE(v->isVisible(), visibleAfterGrowth);
-        sendPlain(&area, QEvent::Leave);
+        QCOMPARE(v->isVisible(), contentAtShow < 200);
+        send(&area, QEvent::Leave);
         QVERIFY(!v->isVisible());
-        sendPlain(&area, QEvent::Enter);
+        send(&area, QEvent::Enter);
         QVERIFY(v->isVisible() && area.horizontalScrollBar()->isVisible());
     }
 
-    void overlaysReplaceTheViewsBars_data()
-    {
-        QTest::addColumn<bool>("table");
-        QTest::newRow("list") << false;
-        QTest::newRow("table below its header") << true;
-    }
+    // The overlays replace the view's bars: hidden at first, on the right and
+    // bottom edges (below a table's header), moving the view and moved by it.
     void overlaysReplaceTheViewsBars()
     {
-        QFETCH(bool, table);
-        std::unique_ptr<QAbstractItemView> view;
         QStandardItemModel model(50, 3);
-        if (table) {
-            view.reset(new QTableView);
-            view->setModel(&model);
-        } else {
-            view = makeList(50);
-        }
-        view->resize(240, 180);
-        view->show();
-        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
-        const int top = table ? static_cast<QTableView*>(view.get())->horizontalHeader()->height() : 0;
-        QVERIFY(!table || top > 0);
-
-        UxViewScrollbarExpand expand(view.get());
-        QCOMPARE(view->verticalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(view->horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
-        QCOMPARE(view->verticalScrollMode(), QAbstractItemView::ScrollPerItem);
-        QCOMPARE(view->horizontalScrollMode(), QAbstractItemView::ScrollPerItem);
-        QScrollBar* v = overlay(view.get(), 'V');
-        QVERIFY(v->isHidden() && overlay(view.get(), 'H')->isHidden());
-        QVERIFY(!v->hasTracking());
+        QTableView view;
+        view.setModel(&model);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        const int top = view.horizontalHeader()->height();
+        UxViewScrollbarExpand expand(&view);
+        QCOMPARE(QVariantList({view.verticalScrollBarPolicy(), view.horizontalScrollBarPolicy(),
+                               view.verticalScrollMode(), view.horizontalScrollMode(), view.hasMouseTracking()}),
+                 QVariantList({Qt::ScrollBarAlwaysOff, Qt::ScrollBarAlwaysOff, QAbstractItemView::ScrollPerItem,
+                               QAbstractItemView::ScrollPerItem, true}));
+        QCOMPARE(expand.scollbarStyle(), QStringLiteral(
+            "QScrollBar:vertical{background:rgba(126,154,248,0.2);}QScrollBar::handle:vertical{background:#C1C1C1;}"
+            "QScrollBar:horizontal {            background:rgba(126,154,248,0.2);}                                  "
+            "QScrollBar::handle:horizontal {    background:#C1C1C1;}"));
+        QScrollBar* v = overlay(&view, 'V');
+        QVERIFY(v->isHidden() && overlay(&view, 'H')->isHidden() && !v->hasTracking());
         for (const QSize& s : {QSize(240, 180), QSize(300, 220)}) {
-            view->resize(s);
+            view.resize(s);
             QCOMPARE(v->geometry(), QRect(s.width() - 8, top, 8, s.height() - top));
-            QCOMPARE(overlay(view.get(), 'H')->geometry(), QRect(0, s.height() - 8, s.width() - 8, 8));
+            QCOMPARE(overlay(&view, 'H')->geometry(), QRect(0, s.height() - 8, s.width() - 8, 8));
         }
-        // The overlay and the view's own bar move each other.
-        QCOMPARE(v->maximum(), view->verticalScrollBar()->maximum());
+        QCOMPARE(v->maximum(), view.verticalScrollBar()->maximum());
         v->setValue(7);
-        QCOMPARE(view->verticalScrollBar()->value(), 7);
-        view->verticalScrollBar()->setValue(3);
+        QCOMPARE(view.verticalScrollBar()->value(), 7);
+        view.verticalScrollBar()->setValue(3);
         QCOMPARE(v->value(), 3);
-        sendPlain(view.get(), QEvent::Enter);
-        QVERIFY(v->isVisible());
+        overlay(&view, 'H')->setValue(1);
+        QCOMPARE(view.horizontalScrollBar()->value(), 1);
+    }
 
-        auto small = makeList(2); // content that fits shows no overlay on hover
-        UxViewScrollbarExpand smallExpand(small.get());
-        sendPlain(small.get(), QEvent::Enter);
-        QVERIFY(overlay(small.get(), 'V')->isHidden() && overlay(small.get(), 'H')->isHidden());
+    // What shows the overlays (content that fits shows none) and where the
+    // wheel takes the view: by 20 with the fixed bound 101 on the view itself,
+    // Qt's own step over the items. The expander only watches: every event
+    // still reaches the view.
+    void activity_data()
+    {
+        QTest::addColumn<int>("items");
+        QTest::addColumn<int>("type"); // 0: a click on an item, 1: a press on the overlay
+        QTest::addColumn<char>("at");  // mouse moves: over 'V', 'H' or elsewhere; wheel: 'd'own, 'u'p, over the 'i'tems
+        QTest::addColumn<int>("start");
+        QTest::addColumn<bool>("shown");
+        QTest::addColumn<int>("value"); // afterwards; -1: the maximum
+        const int wheel = QEvent::Wheel, lines = QApplication::wheelScrollLines();
+        QTest::newRow("enter") << 100 << int(QEvent::Enter) << ' ' << 0 << true << 0;
+        QTest::newRow("enter, content fits") << 2 << int(QEvent::Enter) << ' ' << 0 << false << 0;
+        QTest::newRow("leave") << 100 << int(QEvent::Leave) << ' ' << 0 << false << 0;
+        QTest::newRow("move over the side bar") << 100 << int(QEvent::MouseMove) << 'V' << 0 << true << 0;
+        QTest::newRow("move over the bottom bar") << 100 << int(QEvent::MouseMove) << 'H' << 0 << true << 0;
+        QTest::newRow("move elsewhere") << 100 << int(QEvent::MouseMove) << ' ' << 0 << false << 0;
+        QTest::newRow("key press") << 100 << int(QEvent::KeyPress) << ' ' << 0 << false << 1;
+        QTest::newRow("click an item") << 100 << 0 << ' ' << 0 << true << 1;
+        QTest::newRow("press the overlay") << 100 << 1 << ' ' << 0 << true << 0;
+        QTest::newRow("wheel down from the top") << 300 << wheel << 'd' << 0 << true << 20;
+        QTest::newRow("wheel down below the bound") << 300 << wheel << 'd' << 80 << true << 100;
+        QTest::newRow("wheel down at the bound: to the end") << 300 << wheel << 'd' << 81 << true << -1;
+        QTest::newRow("wheel up") << 300 << wheel << 'u' << 50 << true << 30;
+        QTest::newRow("wheel up near the top: to the start") << 300 << wheel << 'u' << 19 << true << 0;
+        QTest::newRow("wheel sideways") << 300 << wheel << 's' << 50 << true << 50;
+        QTest::newRow("wheel over the items") << 300 << wheel << 'i' << 50 << false << 50 + lines;
+    }
+    void activity()
+    {
+        QFETCH(int, items);
+        QFETCH(int, type);
+        QFETCH(char, at);
+        QFETCH(int, start);
+        QFETCH(bool, shown);
+        QFETCH(int, value);
+        auto list = makeList(items);
+        QVERIFY(QTest::qWaitForWindowExposed(list.get()));
+        Witness witness;
+        list->installEventFilter(&witness); // runs after the expander's
+        UxViewScrollbarExpand expand(list.get());
+        QScrollBar* v = overlay(list.get(), 'V');
+        QSignalSpy pressed(list->verticalScrollBar(), &QScrollBar::sliderPressed);
+        list->setCurrentRow(0);
+        list->verticalScrollBar()->setValue(start);
+        if (type == 0) {
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(1)).center());
+        } else if (type == 1) {
+            emit v->sliderPressed();
+        } else if (type == QEvent::KeyPress) {
+            QTest::keyClick(list.get(), Qt::Key_Down);
+        } else if (type == QEvent::MouseMove) {
+            const QPoint pos = at == ' ' ? QPoint(5, 5) : overlay(list.get(), at)->geometry().center();
+            UxTest::sendMouse(list.get(), QEvent::MouseMove, pos, list->mapToGlobal(pos), Qt::NoButton);
+        } else {
+            send(at == 'i' ? list->viewport() : list.get(), type, at == 'i' ? 'd' : at);
+        }
+        QCOMPARE(v->isVisible(), shown);
+        QVERIFY(!overlay(list.get(), 'H')->isVisible()); // the items are narrow
+        QCOMPARE(pressed.count(), type == 1 ? 1 : 0); // owners still see drags
+        QVERIFY(type < 2 || at == 'i' || witness.seen.contains(type));
+        QCOMPARE(type == QEvent::Wheel ? list->verticalScrollBar()->value() : list->currentRow(),
+                 value < 0 ? list->verticalScrollBar()->maximum() : value);
     }
 
     // The overlays hide 2000 ms after the last activity. The hide runs through
@@ -143,15 +199,13 @@ private Q_SLOTS:
     void overlayHidesAfterTheStayTime_data()
     {
         QTest::addColumn<uint>("stayTime"); // 0: the default
-        QTest::addColumn<int>("secondActivityAfter"); // 0: none
         QTest::addColumn<int>("expectedMs"); // after the last activity
-        QTest::newRow("default") << 0u << 0 << 2000;
-        QTest::newRow("activity restarts the stay") << 150u << 100 << 150;
+        QTest::newRow("default") << 0u << 2000;
+        QTest::newRow("activity restarts the stay") << 150u << 150;
     }
     void overlayHidesAfterTheStayTime()
     {
         QFETCH(uint, stayTime);
-        QFETCH(int, secondActivityAfter);
         QFETCH(int, expectedMs);
         auto list = makeList(100);
         UxViewScrollbarExpand expand(list.get());
@@ -159,11 +213,11 @@ private Q_SLOTS:
             expand.setScrollbarStayTime(stayTime);
         QScrollBar* v = overlay(list.get(), 'V');
         for (int attempt = 0; attempt < 4; ++attempt) {
-            sendPlain(list.get(), QEvent::Enter);
-            if (secondActivityAfter) {
-                UxTest::spin(secondActivityAfter);
+            send(list.get(), QEvent::Enter);
+            if (stayTime) {
+                UxTest::spin(100);
                 QVERIFY(v->isVisible());
-                sendPlain(list.get(), QEvent::Leave); // activity: rearms without hiding
+                send(list.get(), QEvent::Leave); // activity: rearms without hiding
             }
             QElapsedTimer clock;
             clock.start();
@@ -176,53 +230,27 @@ private Q_SLOTS:
         QFAIL("the overlay never hid");
     }
 
-    // Wheel steps that reach the view itself move it by 20, with the fixed
-    // bound 101; those over the items stay the view's own (Qt's step).
-    void wheel_data()
-    {
-        QTest::addColumn<bool>("onViewport");
-        QTest::addColumn<int>("start");
-        QTest::addColumn<int>("delta");
-        QTest::addColumn<int>("expected"); // -1: the view's maximum
-        QTest::newRow("down from the top") << false << 0 << -120 << 20;
-        QTest::newRow("down below the bound") << false << 80 << -120 << 100;
-        QTest::newRow("down at the bound jumps to the end") << false << 81 << -120 << -1;
-        QTest::newRow("up") << false << 50 << 120 << 30;
-        QTest::newRow("up near the top goes to the start") << false << 19 << 120 << 0;
-        QTest::newRow("over the items: Qt's step") << true << 50 << -120 << 50 + QApplication::wheelScrollLines();
-    }
-    void wheel()
-    {
-        QFETCH(bool, onViewport);
-        QFETCH(int, start);
-        QFETCH(int, delta);
-        QFETCH(int, expected);
-        auto list = makeList(300);
-        QVERIFY(QTest::qWaitForWindowExposed(list.get()));
-        UxViewScrollbarExpand expand(list.get());
-        QScrollBar* own = list->verticalScrollBar();
-        own->setValue(start);
-        sendWheel(onViewport ? list->viewport() : list.get(), delta);
-        QCOMPARE(own->value(), expected < 0 ? own->maximum() : expected);
-        QCOMPARE(overlay(list.get(), 'V')->isVisible(), !onViewport);
-    }
-
-    void viewMayDieFirstOrBeNull()
+    // Odd uses: the filter put on another object passes its events on; the
+    // view may die first; there may be no view at all.
+    void oddUses()
     {
         auto list = makeList(100);
         UxViewScrollbarExpand expand(list.get());
-        QSignalSpy pressed(list->verticalScrollBar(), &QScrollBar::sliderPressed);
-        emit overlay(list.get(), 'V')->sliderPressed();
-        QCOMPARE(pressed.count(), 1);
+        QWidget other;
+        Witness witness;
+        other.installEventFilter(&witness);
+        other.installEventFilter(&expand);
+        for (int type : {QEvent::Enter, QEvent::Leave, QEvent::Resize})
+            send(&other, type);
+        QCOMPARE(witness.seen, QList<int>({QEvent::Enter, QEvent::Leave, QEvent::Resize}));
         expand.setScrollbarStayTime(50);
-        sendPlain(list.get(), QEvent::Enter);
+        send(list.get(), QEvent::Enter);
         list.reset();
         UxTest::spin(100);
         expand.HideScrollBar();
         expand.InitView();
         UxViewScrollbarExpand none(nullptr);
         none.InitView();
-        none.HideScrollBar();
     }
 };
 

@@ -1,46 +1,45 @@
+// The exported quote table widget and its column-settings dialog: the
+// contract skins and clients rely on, the column files, the signal relay,
+// and the dialog on its own and as the widget drives it.
+
 #include "uxtestenv.h"
 
 #include "uxcustomtablewidget.h"
 #include "uxsettingdialog.h"
 #include "uxtabledatamanager.h"
 #include "uxtableview.h"
-
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QListWidget>
-#include <QPushButton>
-#include <QLabel>
-#include <QScrollBar>
-#include <QTimer>
 #include "uxviewscrollbarexpand.h"
 
-#include <functional>
+#include <QApplication>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollBar>
+
 
 namespace {
 
-// A column file with one column per feild; the feilds listed in HIDDEN are not shown.
+using Columns = QList<_TableHHeaderData>;
+
+const QStringList kTemplate{"Index", "Code", "Name", "Now", "Rise", "Volume", "Amount"};
+const QStringList kEight{"c0", "c1", "c2", "c3", "c4", "c5", "c6", "c7"};
+
 QByteArray columnFile(const QStringList& feilds, const QStringList& hidden = {})
 {
     QJsonArray header;
-    for (const QString& f : feilds) {
-        header.append(QJsonObject{{"text", QStringLiteral("title ") + f},
-                                  {"feild", f},
-                                  {"isShow", !hidden.contains(f)},
-                                  {"isChangeColor", false},
-                                  {"alignment", "AlignCenter"},
-                                  {"defaultValue", "--"}});
-    }
-    QJsonObject table{{"defaultColor", "#000000"}, {"riseColor", "#ff0000"},     {"fallColor", "#00ff00"},
-                      {"suspensionColor", "#808080"}, {"defaultBgColor", "#ffffff"}, {"riseBgColor", "#ffeeee"},
-                      {"fallBgColor", "#eeffee"},  {"horizontalHeader", header}};
-    return QJsonDocument(table).toJson();
+    for (const QString& f : feilds)
+        header.append(QJsonObject{{"text", f + QStringLiteral(" 列")}, {"feild", f}, {"isShow", !hidden.contains(f)}});
+    return QJsonDocument(QJsonObject{{"defaultColor", "#000000"}, {"horizontalHeader", header}}).toJson();
 }
 
-QStringList feildsOf(const QList<_TableHHeaderData>& list, bool shownOnly = false)
+// The records such a file reads as.
+Columns columns(const QStringList& feilds, const QStringList& hidden = {})
+{
+    const QString path = UxTest::writeFile(UxTest::rootDir() + QStringLiteral("/c.json"), columnFile(feilds, hidden));
+    return UxTableDataManager::getInstance()->getTableHeaderData(path);
+}
+
+QStringList feildsOf(const Columns& list, bool shownOnly = false)
 {
     QStringList out;
     for (const auto& d : list) {
@@ -50,67 +49,16 @@ QStringList feildsOf(const QList<_TableHHeaderData>& list, bool shownOnly = fals
     return out;
 }
 
-QString templateDir()
-{
-    return QCoreApplication::applicationDirPath() + QStringLiteral("/config");
-}
-
 QString userFile(const QString& name = QStringLiteral("userhsstocktable.json"))
 {
     return UxCfg::instance()->path(QString()) + QLatin1Char('/') + name;
 }
 
-UxTableView* viewOf(UxCustomTableWidget& w)
+template <typename T = QWidget>
+T* child(QObject* parent, const char* name)
 {
-    return w.findChild<UxTableView*>(QStringLiteral("tableView"));
+    return parent->findChild<T*>(QLatin1String(name));
 }
-
-QPushButton* settingBtn(UxCustomTableWidget& w)
-{
-    return w.findChild<QPushButton*>(QStringLiteral("settingBtn"));
-}
-
-UxSettingDialog* openDialog()
-{
-    if (auto* d = qobject_cast<UxSettingDialog*>(QApplication::activeModalWidget()))
-        return d;
-    for (QWidget* top : QApplication::topLevelWidgets()) {
-        if (auto* d = qobject_cast<UxSettingDialog*>(top); d && d->isVisible())
-            return d;
-    }
-    return nullptr;
-}
-
-// Clicks the settings button and runs ACT while the dialog is open; ACT
-// must close it. Returns false when the dialog never showed up.
-bool withDialog(UxCustomTableWidget& w, const std::function<void(UxSettingDialog*)>& act)
-{
-    bool seen = false;
-    QTimer::singleShot(0, [&]() {
-        UxSettingDialog* d = openDialog();
-        seen = d != nullptr;
-        if (d)
-            act(d);
-    });
-    QTimer::singleShot(5000, []() {
-        if (UxSettingDialog* d = openDialog())
-            d->done(-1); // never hang the suite
-    });
-    QTest::mouseClick(settingBtn(w), Qt::LeftButton);
-    return seen;
-}
-
-_TableData row(const QString& code)
-{
-    _TableData d;
-    d.key = code;
-    d.code = code;
-    d.name = QStringLiteral("name ") + code;
-    d.values.insert(QStringLiteral("Code"), code);
-    return d;
-}
-
-const QStringList kTemplate{"Index", "Code", "Name", "Now", "Rise", "Volume", "Amount"};
 
 } // namespace
 
@@ -118,15 +66,12 @@ class TstTableWidget : public QObject
 {
     Q_OBJECT
 
-private:
+    const QString m_templateDir = QCoreApplication::applicationDirPath() + QStringLiteral("/config/");
     QStringList m_created;
 
-    QString writeTemplate(const QString& name, const QByteArray& content)
+    void writeTemplate(const QString& name, const QByteArray& content)
     {
-        const QString path = templateDir() + QLatin1Char('/') + name;
-        UxTest::writeFile(path, content);
-        m_created << path;
-        return path;
+        m_created << UxTest::writeFile(m_templateDir + name, content);
     }
 
 private Q_SLOTS:
@@ -134,87 +79,67 @@ private Q_SLOTS:
     {
         QFile::remove(userFile());
         UxCfg::instance()->setPath(QString(), UxTest::configDir());
+        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate));
     }
-
     void cleanup()
     {
         for (const QString& path : qAsConst(m_created))
             QFile::remove(path);
         m_created.clear();
     }
-
-    void cleanupTestCase()
-    {
-        QDir().rmdir(templateDir()); // only when the tests left it empty
-    }
+    void cleanupTestCase() { QDir().rmdir(m_templateDir); } // only when the tests left it empty
 
     // What clients and skins rely on, in one place.
     void contract_data()
     {
         QTest::addColumn<QVariant>("actual");
         QTest::addColumn<QVariant>("expected");
-        UxCustomTableWidget w;
-        UxTableView* view = viewOf(w);
-        QTableView* frozen = view->findChild<QTableView*>(QStringLiteral("frozenTableView"));
-        QScopedPointer<UxSettingDialog> owner(new UxSettingDialog);
-        UxSettingDialog* dlg = owner.data();
         auto row = [](const char* name, const QVariant& actual, const QVariant& expected) {
             QTest::newRow(name) << actual << expected;
         };
-        row("widget", w.objectName(), QStringLiteral("UxCustomTableWidget"));
-        row("settings button hidden", settingBtn(w)->isHidden(), true);
-        row("frozen view", frozen ? frozen->parent() == view : false, true);
-        row("frozen view keeps its own focus", frozen ? frozen->focusProxy() == nullptr : false, true);
-        row("header highlights sections", view->horizontalHeader()->highlightSections(), true);
-        row("frozen header highlights sections", frozen->horizontalHeader()->highlightSections(), true);
-        row("row height", view->verticalHeader()->defaultSectionSize(), 30);
-        row("header height", view->horizontalHeader()->height(), 27);
-        const QList<QTimer*> timers = view->model()->findChildren<QTimer*>();
+        UxTest::writeSkin(QStringLiteral("t"), {{QStringLiteral("quote/customtable.css"), QByteArray("QFrame { }")},
+                                                {QStringLiteral("quote/settingdlg.css"), QByteArray("QDialog { }")}});
+        UxCore::instance()->setCurrentSkin(QStringLiteral("t"));
+        UxCustomTableWidget w;
+        QScopedPointer<UxSettingDialog> dlg(new UxSettingDialog);
+        row("skin sheets", w.styleSheet() + dlg->styleSheet(), QStringLiteral("QFrame { }QDialog { }"));
+        UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
+
+        row("widget, button hidden", QVariantList{w.objectName(), child(&w, "settingBtn")->isHidden()},
+            QVariantList{QStringLiteral("UxCustomTableWidget"), true});
+        const QList<QTimer*> timers = child<UxTableView>(&w, "tableView")->model()->findChildren<QTimer*>();
         row("tint timers", timers.size(), 10);
-        for (QTimer* t : timers) {
-            row("tint interval", t->interval(), 1000);
-            row("tint single shot", t->isSingleShot(), true);
-            row("tint coarse", int(t->timerType()), int(Qt::CoarseTimer));
-        }
-        row("dialog", dlg->objectName(), QStringLiteral("PRICE_FRAME"));
-        row("dialog list bar", dlg->findChild<QListWidget*>()->verticalScrollBar()->objectName(),
-            QStringLiteral("PRICE_LIST_WIDGET_V_SCROLLBAR"));
-        row("dialog list step", dlg->findChild<QListWidget*>()->verticalScrollBar()->singleStep(), 28);
+        for (QTimer* t : timers)
+            row("tint timer", QVariantList{t->interval(), t->isSingleShot(), int(t->timerType())},
+                QVariantList{1000, true, int(Qt::CoarseTimer)});
+
+        auto* list = child<QListWidget>(dlg.data(), "listWidget");
+        row("dialog", QStringList{dlg->objectName(), dlg->windowTitle(), list->verticalScrollBar()->objectName()},
+            QStringList{"PRICE_FRAME", "Dialog", "PRICE_LIST_WIDGET_V_SCROLLBAR"});
+        row("dialog list expanded", list->verticalScrollBar()->singleStep() == 28
+                && dlg->findChild<UxViewScrollbarExpand*>() && child(list, "UxViewScrollbarExpandV"), true);
         row("dialog flags", int(dlg->windowFlags() & 0x81B), 0x81B);
-        row("dialog size", dlg->size(), QSize(320, 502));
-        row("dialog modal", dlg->isModal(), true);
-        row("dialog top and bottom hidden", dlg->findChild<QFrame*>(QStringLiteral("fmTop"))->isHidden()
-                && dlg->findChild<QFrame*>(QStringLiteral("fmBottom"))->isHidden(), true);
-        const struct { const char* name, *text, *tip; } buttons[] = {{"btnTop", "", "置顶"}, {"btnUp", "", "上移"},
-            {"btnDown", "", "下移"}, {"btnOK", "确定", ""}, {"btnCancel", "取消", ""}, {"btnClose", "", ""}};
-        for (const auto& b : buttons) {
-            auto* btn = dlg->findChild<QPushButton*>(QLatin1String(b.name));
-            row(b.name, btn ? btn->text() + QLatin1Char('|') + btn->toolTip() : QString(),
-                QString::fromUtf8(b.text) + QLatin1Char('|') + QString::fromUtf8(b.tip));
+        row("dialog size, modal", QVariantList{dlg->size(), dlg->isModal()}, QVariantList{QSize(320, 502), true});
+        row("frames hidden", child(dlg.data(), "fmTop")->isHidden() && child(dlg.data(), "fmBottom")->isHidden(), true);
+        for (QString b : {"btnTop||置顶", "btnUp||上移", "btnDown||下移", "btnOK|确定|", "btnCancel|取消|", "btnClose||"}) {
+            auto* btn = dlg->findChild<QPushButton*>(b.section(QLatin1Char('|'), 0, 0));
+            row(qPrintable(b), btn ? btn->objectName() + '|' + btn->text() + '|' + btn->toolTip() : QString(), b);
         }
-        row("lbTitle1", dlg->findChild<QLabel*>(QStringLiteral("lbTitle1"))->text(), QStringLiteral("列操作"));
-        row("lbTitle2", dlg->findChild<QLabel*>(QStringLiteral("lbTitle2"))->text(), QStringLiteral("显示/隐藏"));
-        const struct { const QMetaObject* mo; const char* signature; } members[] = {
-            {&UxCustomTableWidget::staticMetaObject, "sigSubPages(SubPageData)"},
-            {&UxCustomTableWidget::staticMetaObject, "sigSubPages(QStringList)"},
-            {&UxCustomTableWidget::staticMetaObject, "sigTableViewClicked(TableData,QModelIndex)"},
-            {&UxCustomTableWidget::staticMetaObject, "sigTableViewDoubleClicked(TableData,QModelIndex)"},
-            {&UxCustomTableWidget::staticMetaObject, "sigSortTableData(SubPageData)"},
-            {&UxCustomTableWidget::staticMetaObject, "sigCustomContextMenuRequested(TableData,QModelIndex)"},
-            {&UxCustomTableWidget::staticMetaObject, "slotCreateTableData(QList<TableData>)"},
-            {&UxCustomTableWidget::staticMetaObject, "moveUp(TableData,int,bool)"},
-            {&UxCustomTableWidget::staticMetaObject, "moveDown(TableData,int,bool)"},
-            {&UxTableView::staticMetaObject, "updateSectionWidth(int,int,int)"},
-            {&UxTableView::staticMetaObject, "slotHHeaderClicked(int)"},
-            {&UxSettingDialog::staticMetaObject, "sigItemChanged()"},
-            {&UxViewScrollbarExpand::staticMetaObject, "slotValueChanged(int)"},
-            {&UxViewScrollbarExpand::staticMetaObject, "slotHorizentalValueChanged(int)"}};
-        for (const auto& m : members)
-            row(m.signature, m.mo->indexOfMethod(m.signature) >= 0, true);
-        // The sort request asks for 32760 rows.
-        QSignalSpy sort(view, &UxTableView::sigSortTableData);
-        view->slotHHeaderClicked(1);
-        row("sort rows", sort.isEmpty() ? 0 : sort.first().first().value<_SubPageData>().count, 32760);
+        row("titles", child<QLabel>(dlg.data(), "lbTitle1")->text() + child<QLabel>(dlg.data(), "lbTitle2")->text(),
+            QStringLiteral("列操作显示/隐藏"));
+
+        const QMap<const QMetaObject*, QStringList> members{
+            {&UxCustomTableWidget::staticMetaObject,
+             {"sigSubPages(SubPageData)", "sigSubPages(QStringList)", "sigTableViewClicked(TableData,QModelIndex)",
+              "sigTableViewDoubleClicked(TableData,QModelIndex)", "sigSortTableData(SubPageData)",
+              "sigCustomContextMenuRequested(TableData,QModelIndex)", "slotCreateTableData(QList<TableData>)",
+              "moveUp(TableData,int,bool)", "moveDown(TableData,int,bool)"}},
+            {&UxSettingDialog::staticMetaObject, {"sigItemChanged()"}},
+            {&UxViewScrollbarExpand::staticMetaObject, {"slotValueChanged(int)", "slotHorizentalValueChanged(int)"}}};
+        for (auto it = members.begin(); it != members.end(); ++it) {
+            for (const QString& m : it.value())
+                row(qPrintable(m), it.key()->indexOfMethod(qPrintable(m)) >= 0, true);
+        }
     }
     void contract()
     {
@@ -223,322 +148,221 @@ private Q_SLOTS:
         QCOMPARE(actual, expected);
     }
 
-    void relaysEverySignalOnce_data()
-    {
-        QTest::addColumn<int>("which");
-        QTest::newRow("sigSubPages(SubPageData)") << 0;
-        QTest::newRow("sigSubPages(QStringList)") << 1;
-        QTest::newRow("sigTableViewClicked") << 2;
-        QTest::newRow("sigTableViewDoubleClicked") << 3;
-        QTest::newRow("sigSortTableData") << 4;
-        QTest::newRow("sigCustomContextMenuRequested") << 5;
-    }
-
+    // Every signal of the view reaches the widget's of the same signature, once.
     void relaysEverySignalOnce()
     {
-        QFETCH(int, which);
-
         UxCustomTableWidget w;
-        UxTableView* view = viewOf(w);
-        QSignalSpy pages(&w, SIGNAL(sigSubPages(SubPageData)));
-        QSignalSpy codes(&w, SIGNAL(sigSubPages(QStringList)));
-        QSignalSpy clicked(&w, &UxCustomTableWidget::sigTableViewClicked);
-        QSignalSpy doubleClicked(&w, &UxCustomTableWidget::sigTableViewDoubleClicked);
-        QSignalSpy sorted(&w, &UxCustomTableWidget::sigSortTableData);
-        QSignalSpy menu(&w, &UxCustomTableWidget::sigCustomContextMenuRequested);
-        QVERIFY(pages.isValid() && codes.isValid());
-        QSignalSpy* spies[] = {&pages, &codes, &clicked, &doubleClicked, &sorted, &menu};
-
-        _SubPageData page;
-        page.start = 30;
-        page.count = 90;
-        page.blockId = QStringLiteral("block-7");
-        page.sortFeild = QStringLiteral("Rise");
-        page.sortMode = UxSortDescending;
-        const _TableData data = row(QStringLiteral("600000"));
+        auto* view = child<UxTableView>(&w, "tableView");
+        std::vector<std::unique_ptr<QSignalSpy>> spies;
+        for (auto s : {SIGNAL(sigSubPages(SubPageData)), SIGNAL(sigSubPages(QStringList)),
+                       SIGNAL(sigTableViewClicked(TableData,QModelIndex)),
+                       SIGNAL(sigTableViewDoubleClicked(TableData,QModelIndex)), SIGNAL(sigSortTableData(SubPageData)),
+                       SIGNAL(sigCustomContextMenuRequested(TableData,QModelIndex))})
+            spies.emplace_back(new QSignalSpy(&w, s));
+        const _SubPageData page{30, 90, QStringLiteral("block-7"), QStringLiteral("Rise"), UxSortDescending};
+        const _TableData data{0, QStringLiteral("k"), QStringLiteral("600000"), QStringLiteral("浦发"), 1, 0, {}};
         const QStringList list{"600000", "000001"};
         const QModelIndex index; // the relay does not look at it
-
-        switch (which) {
-        case 0:
-            emit view->sigSubPages(page);
-            break;
-        case 1:
-            emit view->sigSubPages(list);
-            break;
-        case 2:
-            emit view->sigTableViewClicked(data, index);
-            break;
-        case 3:
-            emit view->sigTableViewDoubleClicked(data, index);
-            break;
-        case 4:
-            emit view->sigSortTableData(page);
-            break;
-        case 5:
-            emit view->sigCustomContextMenuRequested(data, index);
-            break;
+        const std::function<void()> emits[] = {[&] { emit view->sigSubPages(page); },
+            [&] { emit view->sigSubPages(list); }, [&] { emit view->sigTableViewClicked(data, index); },
+            [&] { emit view->sigTableViewDoubleClicked(data, index); }, [&] { emit view->sigSortTableData(page); },
+            [&] { emit view->sigCustomContextMenuRequested(data, index); }};
+        for (int which = 0; which < 6; ++which) {
+            emits[which]();
+            for (int i = 0; i < 6; ++i)
+                QCOMPARE(spies[i]->count(), i == which ? 1 : 0);
+            const QVariant arg = spies[which]->takeFirst().at(0);
+            QVERIFY(which == 1 ? arg.toStringList() == list
+                               : which % 4 ? arg.value<_TableData>() == data : arg.value<_SubPageData>() == page);
         }
-
-        for (int i = 0; i < 6; ++i)
-            QCOMPARE(spies[i]->count(), i == which ? 1 : 0);
-        const QList<QVariant> args = spies[which]->takeFirst();
-        if (which == 0 || which == 4)
-            QCOMPARE(args.at(0).value<_SubPageData>(), page);
-        else if (which == 1)
-            QCOMPARE(args.at(0).toStringList(), list);
-        else
-            QCOMPARE(args.at(0).value<_TableData>(), data);
     }
 
-    void initTableReadsTheDefaultFiles()
+    // The user file under the configuration path replaces the template; the
+    // named files go under their folders; the one-file overload and the
+    // dialog read from the application's "config/" and leave the manager alone.
+    void columnFilesAndTheirFolders()
     {
-        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate, {"Amount"}));
-        {
-            UxCustomTableWidget w;
-            QCOMPARE(feildsOf(w.getHHeaderData()), kTemplate.mid(0, 6));
-            QCOMPARE(w.columnCount(), 6);
-        }
-        // A user file that holds columns replaces the template wholesale.
-        UxTest::writeFile(userFile(), columnFile({"Index", "Code", "Name", "Amount"}));
+        UxTableDataManager* manager = UxTableDataManager::getInstance();
+        UxTest::writeFile(userFile(), columnFile({"Index", "Code", "Name", "Amount"}, {"Code"}));
         UxCustomTableWidget w;
-        QCOMPARE(feildsOf(w.getHHeaderData()), QStringList({"Index", "Code", "Name", "Amount"}));
-    }
-
-    void namedFilesGoUnderTheirFolders()
-    {
-        writeTemplate(QStringLiteral("tst_tablewidget_tpl.json"), columnFile({"A", "B", "C", "D"}));
-        writeTemplate(QStringLiteral("tst_tablewidget_ro.json"), columnFile({"X", "Y", "Z", "W"}, {"W"}));
-        UxCustomTableWidget w;
-        w.setHHeaderData(QStringLiteral("tst_user.json"), QStringLiteral("tst_tablewidget_tpl.json"));
+        QCOMPARE(feildsOf(manager->getTableHeaderData()), QStringList({"Index", "Code", "Name", "Amount"}));
+        QCOMPARE(feildsOf(w.getHHeaderData()), QStringList({"Index", "Name", "Amount"}));
+        writeTemplate(QStringLiteral("tst_tpl.json"), columnFile({"A", "B", "C", "D"}));
+        writeTemplate(QStringLiteral("tst_ro.json"), columnFile({"X", "Y", "Z", "W"}, {"W"}));
+        m_created << UxTest::writeFile(userFile(QStringLiteral("tst_user.json")), columnFile({"A", "B", "C", "E"}));
+        w.setHHeaderData(QStringLiteral("tst_absent.json"), QStringLiteral("tst_tpl.json"));
         QCOMPARE(feildsOf(w.getHHeaderData()), QStringList({"A", "B", "C", "D"}));
-
-        // The one-file overload shows that file's shown columns and leaves the manager's files alone.
-        w.setHHeaderData(QStringLiteral("tst_tablewidget_ro.json"));
+        w.setHHeaderData(QStringLiteral("tst_user.json"), QStringLiteral("tst_tpl.json"));
+        QCOMPARE(feildsOf(w.getHHeaderData()), QStringList({"A", "B", "C", "E"}));
+        w.setHHeaderData(QStringLiteral("tst_ro.json"));
         QCOMPARE(feildsOf(w.getHHeaderData()), QStringList({"X", "Y", "Z"}));
-        QCOMPARE(feildsOf(UxTableDataManager::getInstance()->getTableHeaderData()), QStringList({"A", "B", "C", "D"}));
-        QVERIFY(!QFile::exists(userFile(QStringLiteral("tst_user.json"))));
-
-        UxTest::writeFile(userFile(QStringLiteral("tst_user.json")), columnFile({"A", "B", "C", "E", "F"}));
-        w.setHHeaderData(QStringLiteral("tst_user.json"), QStringLiteral("tst_tablewidget_tpl.json"));
-        QCOMPARE(feildsOf(w.getHHeaderData()), QStringList({"A", "B", "C", "E", "F"}));
-        QFile::remove(userFile(QStringLiteral("tst_user.json")));
+        QCOMPARE(feildsOf(manager->getTableHeaderData()), QStringList({"A", "B", "C", "E"}));
+        UxSettingDialog dlg;
+        dlg.createItems(QStringLiteral("tst_ro.json"));
+        QCOMPARE(dlg.getAllItems(), manager->getTableHeaderData(m_templateDir + QStringLiteral("tst_ro.json")));
     }
 
-    void badColumnFilesLeaveAnEmptyTable_data()
+    void columnVisibility_data()
     {
-        QTest::addColumn<QByteArray>("content"); // empty: no file at all
-        QTest::newRow("missing") << QByteArray();
-        QTest::newRow("broken") << QByteArray("{\"horizontalHeader\": [ {\"feild\": ");
-        QTest::newRow("not an object") << QByteArray("[1, 2, 3]");
-        QTest::newRow("no columns") << columnFile({});
+        QTest::addColumn<int>("column");
+        QTest::addColumn<bool>("frozenPart");
+        QTest::addColumn<bool>("hidden"); // in the part addressed; the other part never changes
+        QTest::newRow("first") << 0 << false << true;
+        QTest::newRow("last") << 6 << false << true;
+        QTest::newRow("past the end") << 7 << false << false;
+        QTest::newRow("negative") << -1 << false << false;
+        QTest::newRow("frozen part") << 2 << true << true;
     }
-
-    void badColumnFilesLeaveAnEmptyTable()
+    void columnVisibility()
     {
-        QFETCH(QByteArray, content);
-        if (!content.isEmpty())
-            writeTemplate(QStringLiteral("tst_tablewidget_bad.json"), content);
-        const QByteArray saved = columnFile({"A", "B", "C", "D"});
-        UxTest::writeFile(userFile(QStringLiteral("tst_keep.json")), saved);
-
+        QFETCH(int, column);
+        QFETCH(bool, frozenPart);
+        QFETCH(bool, hidden);
         UxCustomTableWidget w;
-        w.setHHeaderData(QStringLiteral("tst_absent_user.json"), QStringLiteral("tst_tablewidget_bad.json"));
-        QCOMPARE(w.columnCount(), 0);
-        w.setHHeaderData(QStringLiteral("tst_tablewidget_bad.json"));
-        QCOMPARE(w.columnCount(), 0);
-        w.setColumnHidden(0, true); // out of range now: ignored
-        // Reading never writes: the user's other file is untouched.
-        QCOMPARE(UxTest::readFile(userFile(QStringLiteral("tst_keep.json"))), saved);
-        QFile::remove(userFile(QStringLiteral("tst_keep.json")));
+        auto* view = child<UxTableView>(&w, "tableView");
+        const bool frozenBefore = view->frozenView()->isColumnHidden(column);
+        frozenPart ? w.setFrozenViewColumnHidden(column, true) : w.setColumnHidden(column, true);
+        QCOMPARE(view->isColumnHidden(column), hidden && !frozenPart);
+        QCOMPARE(view->frozenView()->isColumnHidden(column), frozenPart ? hidden : frozenBefore);
+        w.setColumnHidden(column, false);
+        QVERIFY(!view->isColumnHidden(column));
+        // The block id is read back through the view's saved state.
+        w.restore({{QStringLiteral("blockId"), QStringLiteral("hs-b")}});
+        QCOMPARE(w.blockId(), QStringLiteral("hs-b"));
     }
 
-    void dialogDropsDownUnderTheButton_data()
+    // The dialog drops down under the settings button, lists the columns
+    // after the frozen three, applies and saves every change at once (Cancel
+    // does not undo them) and saves the final list on OK, changed or not.
+    void settingsFlow_data()
     {
         QTest::addColumn<int>("x");
-        QTest::addColumn<bool>("alignRight");
-        QTest::newRow("right edges aligned") << 300 << true;
-        // Far enough left that the dialog fits right of the button.
-        QTest::newRow("left edge under the button") << -700 << false;
+        QTest::addColumn<QString>("change");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QStringList>("expected"); // shown columns afterwards
+        QTest::addColumn<bool>("saved");
+        QTest::newRow("OK unchanged saves") << 300 << "" << "btnOK" << kTemplate << true;
+        QTest::newRow("Cancel unchanged writes nothing") << -700 << "" << "btnCancel" << kTemplate << false;
+        QTest::newRow("close button, the same") << 300 << "" << "btnClose" << kTemplate << false;
+        const QStringList noRise{"Index", "Code", "Name", "Now", "Volume", "Amount"};
+        const QStringList moved{"Index", "Code", "Name", "Amount", "Rise", "Now", "Volume"};
+        QTest::newRow("uncheck, Cancel keeps it") << 300 << "uncheck" << "btnCancel" << noRise << true;
+        QTest::newRow("moves, then OK") << 300 << "move" << "btnOK" << moved << true;
     }
-
-    void dialogDropsDownUnderTheButton()
+    void settingsFlow()
     {
         QFETCH(int, x);
-        QFETCH(bool, alignRight);
-
-        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate));
+        QFETCH(QString, change);
+        QFETCH(QString, button);
+        QFETCH(QStringList, expected);
+        QFETCH(bool, saved);
+        UxTableDataManager* manager = UxTableDataManager::getInstance();
         UxCustomTableWidget w;
         w.move(x, 100);
         w.setSettingBtnVisible(true);
         w.show();
         QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QPushButton* btn = settingBtn(w);
+        auto* btn = child<QPushButton>(&w, "settingBtn");
 
+        UxSettingDialog* d = nullptr;
         QPoint pos;
-        int listed = -1;
-        QVERIFY(withDialog(w, [&](UxSettingDialog* d) {
+        QStringList live, liveSaved;
+        QTimer::singleShot(0, &w, [&]() {
+            if (!(d = qobject_cast<UxSettingDialog*>(QApplication::activeModalWidget())))
+                return;
             pos = d->pos();
-            listed = d->findChild<QListWidget*>(QStringLiteral("listWidget"))->count();
-            d->reject();
-        }));
-        const int dialogWidth = 320;
-        const QPoint expected = btn->mapToGlobal(QPoint(alignRight ? btn->width() - dialogWidth : 0, btn->height()));
-        QCOMPARE(pos, expected);
-        QCOMPARE(listed, kTemplate.size() - 3);
-    }
-
-    void columnChangesApplyAndSaveWhileTheDialogIsOpen()
-    {
-        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate));
-        UxCustomTableWidget w;
-        w.setSettingBtnVisible(true);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-
-        QStringList whileOpen;
-        QStringList savedWhileOpen;
-        QVERIFY(withDialog(w, [&](UxSettingDialog* d) {
-            auto* list = d->findChild<QListWidget*>(QStringLiteral("listWidget"));
-            list->item(1)->setCheckState(Qt::Unchecked); // "Rise"
-            whileOpen = feildsOf(w.getHHeaderData());
-            const QByteArray saved = UxTest::readFile(userFile());
-            savedWhileOpen = feildsOf(UxTableDataManager::getInstance()->getTableHeaderData(userFile()), true);
-            QVERIFY(!saved.isEmpty());
-            d->reject(); // Cancel does not undo what was applied
-        }));
-        const QStringList expected{"Index", "Code", "Name", "Now", "Volume", "Amount"};
-        QCOMPARE(whileOpen, expected);
-        QCOMPARE(savedWhileOpen, expected);
+            auto* list = child<QListWidget>(d, "listWidget");
+            if (change == QLatin1String("uncheck")) {
+                list->item(1)->setCheckState(Qt::Unchecked); // "Rise"
+            } else if (change == QLatin1String("move")) {
+                list->setCurrentRow(3); // "Amount"
+                QTest::mouseClick(child(d, "btnTop"), Qt::LeftButton);
+                list->setCurrentRow(1); // "Now"
+                QTest::mouseClick(child(d, "btnDown"), Qt::LeftButton);
+            }
+            live = feildsOf(w.getHHeaderData());
+            liveSaved = feildsOf(manager->getTableHeaderData(userFile()), true);
+            child<QPushButton>(d, qPrintable(button))->click();
+        });
+        QTimer::singleShot(5000, &w, [&]() { d ? d->done(-1) : void(); }); // never hang the suite
+        QTest::mouseClick(btn, Qt::LeftButton);
+        QVERIFY(d);
+        QCOMPARE(pos, btn->mapToGlobal(QPoint(x > 0 ? btn->width() - 320 : 0, btn->height())));
+        QCOMPARE(live, expected);
+        QCOMPARE(liveSaved, change.isEmpty() ? QStringList() : expected);
         QCOMPARE(feildsOf(w.getHHeaderData()), expected);
-        QCOMPARE(feildsOf(UxTableDataManager::getInstance()->getTableHeaderData(userFile()), true), expected);
-
-        // A later widget starts from the user's columns, hidden one included.
-        UxCustomTableWidget next;
-        QCOMPARE(feildsOf(next.getHHeaderData()), expected);
-        QCOMPARE(feildsOf(UxTableDataManager::getInstance()->getTableHeaderData()), kTemplate);
+        QCOMPARE(QFile::exists(userFile()), saved);
+        QCOMPARE(feildsOf(manager->getTableHeaderData(userFile()), true), saved ? expected : QStringList());
     }
 
-    void movesApplyLiveAndOkSavesTheFinalList()
+    // The first three columns are never listed and come back first and
+    // unchanged; a list of three or fewer leaves the dialog empty.
+    void dialogKeepsTheFixedColumnsAside()
     {
-        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate));
-        UxCustomTableWidget w;
-        w.setSettingBtnVisible(true);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-
-        QStringList afterMove;
-        QVERIFY(withDialog(w, [&](UxSettingDialog* d) {
-            auto* list = d->findChild<QListWidget*>(QStringLiteral("listWidget"));
-            list->setCurrentRow(3); // "Amount"
-            QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("btnTop")), Qt::LeftButton);
-            afterMove = feildsOf(w.getHHeaderData());
-            list->setCurrentRow(1); // "Now"
-            QTest::mouseClick(d->findChild<QPushButton*>(QStringLiteral("btnDown")), Qt::LeftButton);
-            d->accept();
-        }));
-        QCOMPARE(afterMove, QStringList({"Index", "Code", "Name", "Amount", "Now", "Rise", "Volume"}));
-        const QStringList final{"Index", "Code", "Name", "Amount", "Rise", "Now", "Volume"};
-        QCOMPARE(feildsOf(w.getHHeaderData()), final);
-        QCOMPARE(feildsOf(UxTableDataManager::getInstance()->getTableHeaderData(userFile())), final);
+        UxSettingDialog dlg;
+        auto* list = child<QListWidget>(&dlg, "listWidget");
+        for (int count : {8, 0, 3, 4, 8}) { // a previous list must not leak into the next
+            const Columns input = columns(kEight.mid(0, count), {"c0", "c4"});
+            dlg.createItems(input);
+            QCOMPARE(list->count(), qMax(0, count - 3));
+            QCOMPARE(dlg.getAllItems(), count > 3 ? input : Columns());
+            QCOMPARE(feildsOf(dlg.getAllSelectedItems()), feildsOf(input.mid(3), true));
+        }
     }
 
-    void unwritableUserFolderStillAppliesChanges()
+    void dialogMoves_data()
     {
-        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate));
-        // A plain file where the folder should be: nothing can be written below it.
-        const QString blocker = UxTest::writeFile(UxTest::rootDir() + QStringLiteral("/not-a-dir"), "x");
-        UxCfg::instance()->setPath(QString(), blocker + QStringLiteral("/config"));
-        UxCustomTableWidget w;
-        w.setSettingBtnVisible(true);
-        w.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&w));
-        QVERIFY(withDialog(w, [&](UxSettingDialog* d) {
-            d->findChild<QListWidget*>(QStringLiteral("listWidget"))->item(0)->setCheckState(Qt::Unchecked);
-            d->accept();
-        }));
-        QVERIFY(!feildsOf(w.getHHeaderData()).contains(QStringLiteral("Now")));
-        QCOMPARE(w.columnCount(), kTemplate.size() - 1);
-        QFile::remove(blocker);
+        QTest::addColumn<QString>("hidden");
+        QTest::addColumn<int>("selectRow"); // -1: nothing selected
+        QTest::addColumn<QString>("button"); // "check": check the hidden one, then to top
+        QTest::addColumn<QStringList>("expected"); // listed feilds afterwards
+        const QStringList start{"c3", "c4", "c5", "c6", "c7"}, swapped{"c3", "c5", "c4", "c6", "c7"};
+        QTest::newRow("to top") << "" << 3 << "btnTop" << QStringList{"c6", "c3", "c4", "c5", "c7"};
+        QTest::newRow("to top from the top") << "" << 0 << "btnTop" << start;
+        QTest::newRow("up to the top") << "" << 1 << "btnUp" << QStringList{"c4", "c3", "c5", "c6", "c7"};
+        QTest::newRow("up from the top") << "" << 0 << "btnUp" << start;
+        QTest::newRow("down from the top") << "" << 0 << "btnDown" << QStringList{"c4", "c3", "c5", "c6", "c7"};
+        QTest::newRow("down to the bottom") << "" << 3 << "btnDown" << QStringList{"c3", "c4", "c5", "c7", "c6"};
+        QTest::newRow("down from the bottom") << "" << 4 << "btnDown" << start;
+        QTest::newRow("unchecked cannot go to top") << "c6" << 3 << "btnTop" << start;
+        QTest::newRow("unchecked cannot go up") << "c5" << 2 << "btnUp" << start;
+        QTest::newRow("unchecked cannot go down") << "c4" << 1 << "btnDown" << start;
+        QTest::newRow("nothing selected") << "" << -1 << "btnUp" << start;
+        QTest::newRow("over an unchecked one") << "c5" << 1 << "btnDown" << swapped;
+        QTest::newRow("checked first") << "c5" << 2 << "check" << QStringList{"c5", "c3", "c4", "c6", "c7"};
     }
-
-    void columnVisibilityPerPart()
+    void dialogMoves()
     {
-        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate));
-        UxCustomTableWidget w;
-        w.show();
-        UxTableView* view = viewOf(w);
-        QTableView* frozen = view->frozenView();
-        QVERIFY(frozen);
+        QFETCH(QString, hidden);
+        QFETCH(int, selectRow);
+        QFETCH(QString, button);
+        QFETCH(QStringList, expected);
+        UxSettingDialog dlg;
+        Columns input = columns(kEight, {hidden});
+        dlg.createItems(input);
+        auto* list = child<QListWidget>(&dlg, "listWidget");
+        list->setCurrentRow(selectRow);
+        if (button == QLatin1String("check")) {
+            list->item(selectRow)->setCheckState(Qt::Checked);
+            input[selectRow + 3].isShow = true;
+            button = QStringLiteral("btnTop");
+        }
+        QSignalSpy changed(&dlg, &UxSettingDialog::sigItemChanged);
+        QTest::mouseClick(child(&dlg, qPrintable(button)), Qt::LeftButton);
 
-        w.setColumnHidden(5, true);
-        QVERIFY(view->isColumnHidden(5));
-        w.setColumnHidden(1, true);
-        QVERIFY(view->isColumnHidden(1));
-        QVERIFY(!frozen->isColumnHidden(1));
-        w.setColumnHidden(1, false);
-        QVERIFY(!view->isColumnHidden(1));
-
-        w.setFrozenViewColumnHidden(2, true);
-        QVERIFY(frozen->isColumnHidden(2));
-        QVERIFY(!view->isColumnHidden(2));
-
-        w.setColumnHidden(-1, true);
-        w.setColumnHidden(w.columnCount(), true);
-        QVERIFY(!view->isColumnHidden(w.columnCount()));
-
-        w.setHHeaderResizeMode(QHeaderView::Stretch);
-        QCOMPARE(view->horizontalHeader()->sectionResizeMode(4), QHeaderView::Stretch);
-        QCOMPARE(frozen->horizontalHeader()->sectionResizeMode(1), QHeaderView::Interactive);
-        w.setFrozenViewHHeaderResizeMode(QHeaderView::Fixed);
-        QCOMPARE(frozen->horizontalHeader()->sectionResizeMode(1), QHeaderView::Fixed);
-    }
-
-    void forwardsRowsAndState()
-    {
-        writeTemplate(QStringLiteral("hsstocktemplatetable.json"), columnFile(kTemplate));
-        UxCustomTableWidget w;
-        w.setBlockId(QStringLiteral("hs-a"));
-        QCOMPARE(w.blockId(), QStringLiteral("hs-a"));
-        QMap<QString, QVariant> m;
-        w.save(m);
-        QCOMPARE(m.value(QStringLiteral("blockId")).toString(), QStringLiteral("hs-a"));
-        w.restore({{QStringLiteral("blockId"), QStringLiteral("hs-b")}});
-        QCOMPARE(w.blockId(), QStringLiteral("hs-b"));
-
-        const _TableData a = row("A"), b = row("B"), c = row("C");
-        w.slotCreateTableData({a, b});
-        QCOMPARE(w.rowCount(), 2);
-        w.add(c);
-        QCOMPARE(w.getTableDatas(), QList<_TableData>({a, b, c}));
-        w.moveUp(c, 2, true);
-        QCOMPARE(w.getTableDatas(), QList<_TableData>({c, a, b}));
-        w.moveDown(c, 0);
-        QCOMPARE(w.getTableDatas(), QList<_TableData>({a, c, b}));
-        w.remove(a);
-        QCOMPARE(w.getTableDatas(), QList<_TableData>({c, b}));
-
-        _TableData update = b;
-        update.values.insert(QStringLiteral("Now"), QStringLiteral("12.5"));
-        w.slotUpdateTable({update});
-        QCOMPARE(w.getTableDatas().at(1).values.value(QStringLiteral("Now")), QStringLiteral("12.5"));
-
-        w.setTableViewCustomContexrtMenuEnable(true);
-        QCOMPARE(viewOf(w)->contextMenuPolicy(), Qt::CustomContextMenu);
-        w.setIsIndexSelected(true);
-        QVERIFY(viewOf(w)->isSortingEnabled());
-    }
-
-    void skinSheetIsApplied()
-    {
-        UxTest::writeSkin(QStringLiteral("tblskin"), {{QStringLiteral("quote/customtable.css"),
-                                                       QByteArray("QPushButton#settingBtn { color: red; }")}});
-        UxCore::instance()->setCurrentSkin(QStringLiteral("tblskin"));
-        UxCustomTableWidget w;
-        QCOMPARE(w.styleSheet(), QStringLiteral("QPushButton#settingBtn { color: red; }"));
-        UxCore::instance()->setCurrentSkin(QStringLiteral("light"));
-        QVERIFY(w.styleSheet().contains(QStringLiteral("settingBtn")));
-        QVERIFY(!w.styleSheet().contains(QStringLiteral("red")));
+        const Columns all = dlg.getAllItems();
+        QCOMPARE(feildsOf(all), kEight.mid(0, 3) + expected);
+        QCOMPARE(changed.isEmpty(), expected == kEight.mid(3));
+        for (int row = 0; row < list->count(); ++row) { // each item still shows its own record
+            const _TableHHeaderData& d = input.at(kEight.indexOf(all.at(row + 3).feild));
+            QCOMPARE(all.at(row + 3), d);
+            QCOMPARE(list->item(row)->text() + QString::number(list->item(row)->checkState()),
+                     d.text + QString::number(d.isShow ? Qt::Checked : Qt::Unchecked));
+        }
+        if (!changed.isEmpty()) { // the moved one stays selected
+            const int moved = expected.indexOf(input.at(selectRow + 3).feild);
+            QVERIFY(list->currentRow() == moved && list->item(moved)->isSelected());
+        }
     }
 };
 
