@@ -60,12 +60,6 @@ class TestHiDpi : public QObject
 {
     Q_OBJECT
 private slots:
-    void screenIsDoubled()
-    {
-        QWidget w;
-        QCOMPARE(w.devicePixelRatioF(), 2.0);
-    }
-
     // Skins and compiled-in images: each has a sibling of exactly twice its size.
     void siblings_data()
     {
