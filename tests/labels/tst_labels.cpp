@@ -414,6 +414,18 @@ private Q_SLOTS:
         QCOMPARE(selected.count(), 1);
         button.emitSelected();
         QCOMPARE(selected.count(), 2);
+        QCOMPARE(selected.at(1).at(0).toBool(), true);
+    }
+
+    void bareLine()
+    {
+        UxCore::instance()->setMainWindow(nullptr);
+        UxBottomLabel line(nth(1)); // no main window, no parent: nothing to elide against
+        QCOMPARE(line.text(), QStringLiteral("2024/03/05 09:30:01 m1"));
+        QSignalSpy clicked(&line, &UxBottomLabel::signalClicked);
+        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&line, &release); // a release without a press is no click
+        QCOMPARE(clicked.count(), 0);
     }
 };
 
