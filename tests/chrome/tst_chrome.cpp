@@ -10,6 +10,8 @@
 #include "uxflowlayout.h"
 #include "uxmessagebox.h"
 
+#include <uxcore/uxcustommenu.h>
+
 #include <QBuffer>
 #include <QLabel>
 #include <QPainter>
@@ -142,6 +144,8 @@ private Q_SLOTS:
         QTest::newRow("rubberBandOnResisze") << QVariant(helper.rubberBandOnMove() || helper.rubberBandOnResisze()) << QVariant(false);
         static UxFramelessHelper host(nullptr);
         QTest::newRow("host movable, resizable") << QVariant(host.isMovable() && host.isResizable()) << QVariant(true);
+        static UxCustomMenu menu;
+        QTest::newRow("host menu shows tool tips") << QVariant(menu.toolTipsVisible()) << QVariant(true);
         static UxAnimationStackedWidget stack;
         auto* animation = stack.findChild<QPropertyAnimation*>();
         QTest::newRow("slide 2000 ms") << QVariant(stack.getDuration()) << QVariant(2000);
@@ -329,6 +333,7 @@ private Q_SLOTS:
         QTest::newRow("left band, inner limit") << 0 << QPoint(5, 100) << QPoint(53, 100) << hor << QRect(53, 0, 247, 200);
         QTest::newRow("inside the left band") << 0 << QPoint(6, 100) << QPoint(56, 100) << none << same;
         QTest::newRow("inside the right band") << 0 << QPoint(294, 100) << QPoint(344, 100) << none << same;
+        QTest::newRow("right band, inner limit") << 0 << QPoint(295, 100) << QPoint(345, 100) << hor << QRect(0, 0, 346, 200);
         QTest::newRow("one past right()") << 0 << QPoint(300, 100) << QPoint(350, 100) << hor << QRect(0, 0, 351, 200);
         QTest::newRow("two past right()") << 0 << QPoint(301, 100) << QPoint(350, 100) << none << same;
         QTest::newRow("band on resize") << 6 << QPoint(298, 100) << QPoint(349, 100) << hor << QRect(0, 0, 350, 200);
