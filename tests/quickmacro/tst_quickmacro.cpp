@@ -158,6 +158,7 @@ private slots:
 
     void listRows()
     {
+        QVERIFY(!QuickMacroView::stepCurrentRow(nullptr, 1, QAbstractItemView::EnsureVisible).isValid());
         for (const auto& [hits, groupRows] : QList<std::pair<int, int>>{{0, 20}, {1, 20}, {195, 5}, {200, 0}, {300, 0}}) {
             Dict dict;
             for (int i = 0; i < hits; ++i)
