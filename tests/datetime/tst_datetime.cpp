@@ -222,6 +222,7 @@ private slots:
         QTest::newRow("previous month, February 1900") << QDate(1900, 2, 1) << "CalendarLeftMonthBtn" << QDate(1900, 1, 1);
         QTest::newRow("previous year, 1901") << QDate(1901, 5, 1) << "CalendarLeftYearBtn" << QDate(1900, 5, 1);
         QTest::newRow("month box to January") << QDate(1950, 6, 1) << "CalendarCbMonth=1" << QDate(1950, 1, 1);
+        QTest::newRow("month box to December") << QDate(1950, 6, 1) << "CalendarCbMonth=12" << QDate(1950, 12, 1);
         QTest::newRow("year box to 1900") << QDate(1950, 6, 1) << "CalendarCbYear=1900" << QDate(1900, 6, 1);
     }
     void calendarNavigation()

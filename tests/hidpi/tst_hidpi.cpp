@@ -2,6 +2,7 @@
 // pick it on a 200% screen. Runs with QT_SCALE_FACTOR=2.
 #include "uxbaseshadowwidget.h"
 #include "uxmessagebox.h"
+#include "uxscaledpixmap.h"
 #include "uxtestenv.h"
 
 #include <QBuffer>
@@ -87,6 +88,13 @@ private slots:
         }
         QVERIFY2(checked > 0, qPrintable(root));
         QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(QLatin1String(", "))));
+    }
+
+    void siblingNames()
+    {
+        QCOMPARE(UxScaledPixmap::highResolutionPath(QStringLiteral(":/bg/shadow_top.png")), QStringLiteral(":/bg/shadow_top@2x.png"));
+        QCOMPARE(UxScaledPixmap::highResolutionPath(QStringLiteral("skin.d/bg/top")), QStringLiteral("skin.d/bg/top@2x"));
+        QCOMPARE(UxScaledPixmap::highResolutionPath(QStringLiteral("bg/.png")), QStringLiteral("bg/.png@2x"));
     }
 
     // The frame draws into whatever device it is given: the device's ratio picks the file.
