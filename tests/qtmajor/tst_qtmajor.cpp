@@ -62,6 +62,7 @@ private Q_SLOTS:
         QTest::newRow("yi") << QString::fromUtf8("2.5亿") << int(QMetaType::ULongLong) << "250000000";
         QTest::newRow("wan without point") << QString::fromUtf8("12万") << int(QMetaType::Double) << "0";
         QTest::newRow("percent") << "-3.5%" << int(QMetaType::Double) << "-3.5";
+        QTest::newRow("unit before the number") << QString::fromUtf8("万1.5万") << int(QMetaType::ULongLong) << "15000";
         QTest::newRow("empty") << QString() << int(QMetaType::Double) << "0";
     }
     void sortKeyTypes()
