@@ -188,9 +188,9 @@ private slots:
         dict.items.back()->texts.removeLast();
         UxQuickMacroMatcher matcher;
         matcher.setDictionary(dict.ptrs);
-        const QList<QPair<QString, QStringList>> cases{{"600", {"600000", "160060", "000600"}}, {"JTN", {"000600"}}, {"fund one", {"160060"}},
+        const QList<QPair<QString, QStringList>> cases{{"600", {"600000", "160060", "000600"}}, {"JTN", {"000600"}}, {"NDSD", {"300750"}}, {"fund one", {"160060"}},
                                                        {"银行", {"600000"}}, {"", {"600000", "000600", "160060", "300750", "999999"}}, {"7x", {}}, {"q", {"999999"}}};
-        for (const auto& c : cases) { // by match position, key in any case, name equal first, name part, empty, no hit, folded name
+        for (const auto& c : cases) { // by match position, key in any case (part or whole), name equal first, name part, empty, no hit, folded name
             QStringList got;
             for (const quickMacroItem* i : matcher.search(c.first))
                 got << i->texts.at(1);
