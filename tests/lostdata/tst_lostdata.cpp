@@ -1,7 +1,5 @@
-// Saving the user column file must never lose it. The test starts its own
-// executable as a child ("--save-loop <file>") that saves two large column
-// lists in turn as fast as it can, SIGKILLs it after a random delay and
-// reads what is on disk.
+// Saving the user column file must never lose it: a child of this executable ("--save-loop <file>")
+// saves two large lists in turn until it is SIGKILLed after a random delay; then the disk is read.
 
 #include "uxtestenv.h"
 
@@ -63,9 +61,8 @@ private slots:
         qInfo("random seed %u (set UX_LOSTDATA_SEED to repeat)", seed);
     }
 
-    // An intact file is always one list or the other, complete, and never kept
-    // aside. A damaged one is still somewhere: in the user file (nothing saved
-    // yet) or in ".bad", while the user file is absent for an instant or complete.
+    // An intact file is always one list or the other, complete, never kept aside. A damaged one is still
+    // in the user file (nothing saved yet) or in ".bad", the user file then absent or complete.
     void killedWhileSaving_data()
     {
         QTest::addColumn<QByteArray>("damaged"); // empty: an intact file
@@ -126,8 +123,8 @@ int main(int argc, char* argv[])
         for (unsigned n = 0;; ++n)
             m->saveUserConfig(n % 2 ? kB : kA);
     }
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? QByteArray("offscreen")
-                                                                     : qgetenv("QT_QPA_PLATFORM"));
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     UxApplication app(argc, argv);
     app.setAttribute(Qt::AA_Use96Dpi, true);
     UxTest::initEnvironment();

@@ -31,11 +31,9 @@ _TableHHeaderData record(const QString& feild, Qt::Alignment alignment = Qt::Ali
     h.feild = feild;
     h.isChangeColor = true;
     h.alignment = alignment;
-    const QRgb colors[] = {0x111111, 0xff0000, 0x00ff00, 0x888888, 0xffffff, 0xffeeee, 0xeeffee};
-    QColor* fields[] = {&h.defaultColor, &h.riseColor, &h.fallColor, &h.suspensionColor, &h.defaultBgColor,
-                        &h.riseBgColor, &h.fallBgColor};
-    for (int i = 0; i < 7; ++i)
-        *fields[i] = QColor(colors[i]);
+    std::tie(h.defaultColor, h.riseColor, h.fallColor, h.suspensionColor, h.defaultBgColor, h.riseBgColor,
+             h.fallBgColor) = std::make_tuple(QColor(0x111111), QColor(0xff0000), QColor(0x00ff00), QColor(0x888888),
+                                              QColor(0xffffff), QColor(0xffeeee), QColor(0xeeffee));
     return h;
 }
 
