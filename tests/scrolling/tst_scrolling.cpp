@@ -26,11 +26,8 @@ std::unique_ptr<QListWidget> makeList(int items)
     return list;
 }
 
-QScrollBar* overlay(QAbstractItemView* view, char orientation)
-{
-    return view->findChild<QScrollBar*>(QStringLiteral("UxViewScrollbarExpand") + QLatin1Char(orientation),
-                                        Qt::FindDirectChildrenOnly);
-}
+QScrollBar* overlay(QAbstractItemView* view, char o) // 'V' or 'H'
+{ return view->findChild<QScrollBar*>(QStringLiteral("UxViewScrollbarExpand") + o, Qt::FindDirectChildrenOnly); }
 
 // Sends one event of TYPE with plausible contents to TARGET.
 void send(QWidget* target, int type, char way = 'd') // wheel: 'd'own, 'u'p or 's'ideways

@@ -46,15 +46,10 @@ QStringList feildsOf(const Columns& list, bool shownOnly = false)
 }
 
 QString userFile(const QString& name = QStringLiteral("userhsstocktable.json"))
-{
-    return UxCfg::instance()->path(QString()) + QLatin1Char('/') + name;
-}
+{ return UxCfg::instance()->path(QString()) + QLatin1Char('/') + name; }
 
 template <typename T = QWidget>
-T* child(QObject* parent, const char* name)
-{
-    return parent->findChild<T*>(QLatin1String(name));
-}
+T* child(QObject* parent, const char* name) { return parent->findChild<T*>(QLatin1String(name)); }
 
 } // namespace
 
@@ -65,10 +60,8 @@ class TstTableWidget : public QObject
     const QString m_templateDir = QCoreApplication::applicationDirPath() + QStringLiteral("/config/");
     QStringList m_created;
 
-    void writeTemplate(const QString& name, const QByteArray& content)
-    {
-        m_created << UxTest::writeFile(m_templateDir + name, content);
-    }
+    void writeTemplate(const QString& name, const QByteArray& c)
+    { m_created << UxTest::writeFile(m_templateDir + name, c); }
 
 private Q_SLOTS:
     void init()
@@ -112,8 +105,8 @@ private Q_SLOTS:
             QStringList{"PRICE_FRAME", "Dialog", "PRICE_LIST_WIDGET_V_SCROLLBAR"});
         row("dialog list expanded", list->verticalScrollBar()->singleStep() == 28
                 && dlg->findChild<UxViewScrollbarExpand*>() && child(list, "UxViewScrollbarExpandV"), true);
-        row("dialog flags", int(dlg->windowFlags() & 0x81B), 0x81B);
-        row("dialog size, modal", QVariantList{dlg->size(), dlg->isModal()}, QVariantList{QSize(320, 502), true});
+        row("dialog flags, size, modal", QVariantList{int(dlg->windowFlags() & 0x81B), dlg->size(), dlg->isModal()},
+            QVariantList{0x81B, QSize(320, 502), true});
         row("frames hidden", child(dlg.data(), "fmTop")->isHidden() && child(dlg.data(), "fmBottom")->isHidden(), true);
         for (QString b : {"btnTop||置顶", "btnUp||上移", "btnDown||下移", "btnOK|确定|", "btnCancel|取消|", "btnClose||"}) {
             auto* btn = dlg->findChild<QPushButton*>(b.section(QLatin1Char('|'), 0, 0));
