@@ -40,18 +40,6 @@ class TstLostData : public QObject
 
     QString userFile() const { return dir + QStringLiteral("/userhsstocktable.json"); }
 
-    void runAndKill(int maxMs) // once the child saves, after a random delay of up to MAXMS
-    {
-        QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--save-loop"), userFile()});
-        QVERIFY2(child.waitForStarted(30000), qPrintable(child.errorString()));
-        QVERIFY(child.waitForReadyRead(60000) && child.readAllStandardOutput().startsWith("ready"));
-        QTest::qSleep(int(rng.bounded(quint32(maxMs))) + 1);
-        child.kill();
-        QVERIFY(child.waitForFinished(30000));
-        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
-    }
-
 private slots:
     void initTestCase()
     {
@@ -89,9 +77,13 @@ private slots:
                 QFile::remove(aside);
                 UxTest::writeFile(userFile(), damaged);
             }
-            runAndKill(maxMs);
-            if (QTest::currentTestFailed())
-                return;
+            QProcess child; // killed once it saves, after a random delay of up to maxMs
+            child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--save-loop"), userFile()});
+            QVERIFY2(child.waitForStarted(30000), qPrintable(child.errorString()));
+            QVERIFY(child.waitForReadyRead(60000) && child.readAllStandardOutput().startsWith("ready"));
+            QTest::qSleep(int(rng.bounded(quint32(maxMs))) + 1);
+            child.kill();
+            QVERIFY(child.waitForFinished(30000) && child.exitStatus() == QProcess::CrashExit);
             if (!damaged.isEmpty() && UxTest::readFile(userFile()) == damaged) {
                 QVERIFY2(!QFile::exists(aside), qPrintable(at));
                 continue;
