@@ -1,7 +1,5 @@
-// Saving the user column file must never lose it. The test starts its own
-// executable as a child ("--save-loop <file>") that saves two large column
-// lists in turn as fast as it can, SIGKILLs it after a random delay and
-// reads what is on disk.
+// Saving the user column file must never lose it: a child of this executable ("--save-loop <file>")
+// saves two large lists in turn until it is SIGKILLed after a random delay; then the disk is read.
 
 #include "uxtestenv.h"
 
@@ -42,18 +40,6 @@ class TstLostData : public QObject
 
     QString userFile() const { return dir + QStringLiteral("/userhsstocktable.json"); }
 
-    void runAndKill(int maxMs) // once the child saves, after a random delay of up to MAXMS
-    {
-        QProcess child;
-        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--save-loop"), userFile()});
-        QVERIFY2(child.waitForStarted(30000), qPrintable(child.errorString()));
-        QVERIFY(child.waitForReadyRead(60000) && child.readAllStandardOutput().startsWith("ready"));
-        QTest::qSleep(int(rng.bounded(quint32(maxMs))) + 1);
-        child.kill();
-        QVERIFY(child.waitForFinished(30000));
-        QCOMPARE(child.exitStatus(), QProcess::CrashExit);
-    }
-
 private slots:
     void initTestCase()
     {
@@ -63,9 +49,8 @@ private slots:
         qInfo("random seed %u (set UX_LOSTDATA_SEED to repeat)", seed);
     }
 
-    // An intact file is always one list or the other, complete, and never kept
-    // aside. A damaged one is still somewhere: in the user file (nothing saved
-    // yet) or in ".bad", while the user file is absent for an instant or complete.
+    // An intact file is always one list or the other, complete, never kept aside. A damaged one is still
+    // in the user file (nothing saved yet) or in ".bad", the user file then absent or complete.
     void killedWhileSaving_data()
     {
         QTest::addColumn<QByteArray>("damaged"); // empty: an intact file
@@ -92,9 +77,13 @@ private slots:
                 QFile::remove(aside);
                 UxTest::writeFile(userFile(), damaged);
             }
-            runAndKill(maxMs);
-            if (QTest::currentTestFailed())
-                return;
+            QProcess child; // killed once it saves, after a random delay of up to maxMs
+            child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--save-loop"), userFile()});
+            QVERIFY2(child.waitForStarted(30000), qPrintable(child.errorString()));
+            QVERIFY(child.waitForReadyRead(60000) && child.readAllStandardOutput().startsWith("ready"));
+            QTest::qSleep(int(rng.bounded(quint32(maxMs))) + 1);
+            child.kill();
+            QVERIFY(child.waitForFinished(30000) && child.exitStatus() == QProcess::CrashExit);
             if (!damaged.isEmpty() && UxTest::readFile(userFile()) == damaged) {
                 QVERIFY2(!QFile::exists(aside), qPrintable(at));
                 continue;
@@ -126,8 +115,8 @@ int main(int argc, char* argv[])
         for (unsigned n = 0;; ++n)
             m->saveUserConfig(n % 2 ? kB : kA);
     }
-    qputenv("QT_QPA_PLATFORM", qgetenv("QT_QPA_PLATFORM").isEmpty() ? QByteArray("offscreen")
-                                                                     : qgetenv("QT_QPA_PLATFORM"));
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     UxApplication app(argc, argv);
     app.setAttribute(Qt::AA_Use96Dpi, true);
     UxTest::initEnvironment();

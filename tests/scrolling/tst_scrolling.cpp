@@ -1,5 +1,4 @@
-// Scroll-bar helpers: the scroll area that shows its bars only under the
-// mouse, and the overlay bars that replace an item view's own.
+// The scroll area whose bars follow the mouse, and the overlay bars that replace an item view's own.
 
 #include "uxtestenv.h"
 
@@ -27,11 +26,8 @@ std::unique_ptr<QListWidget> makeList(int items)
     return list;
 }
 
-QScrollBar* overlay(QAbstractItemView* view, char orientation)
-{
-    return view->findChild<QScrollBar*>(QStringLiteral("UxViewScrollbarExpand") + QLatin1Char(orientation),
-                                        Qt::FindDirectChildrenOnly);
-}
+QScrollBar* overlay(QAbstractItemView* view, char o) // 'V' or 'H'
+{ return view->findChild<QScrollBar*>(QStringLiteral("UxViewScrollbarExpand") + o, Qt::FindDirectChildrenOnly); }
 
 // Sends one event of TYPE with plausible contents to TARGET.
 void send(QWidget* target, int type, char way = 'd') // wheel: 'd'own, 'u'p or 's'ideways
@@ -63,8 +59,7 @@ class TstScrolling : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    // Only a bar visible when the area is shown is hidden then; one that
-    // becomes needed later shows until the mouse has come and gone.
+    // Only a bar visible at show is hidden then; one needed later shows until the mouse comes and goes.
     void scrollAreaBarsFollowTheMouse_data()
     {
         QTest::addColumn<int>("contentAtShow");
@@ -91,8 +86,7 @@ private Q_SLOTS:
         QVERIFY(v->isVisible() && area.horizontalScrollBar()->isVisible());
     }
 
-    // The overlays replace the view's bars: hidden at first, on the right and
-    // bottom edges (below a table's header), moving the view and moved by it.
+    // The overlays replace the view's bars: hidden at first, on the edges below the header, synced both ways.
     void overlaysReplaceTheViewsBars()
     {
         QStandardItemModel model(50, 3);
@@ -126,10 +120,8 @@ private Q_SLOTS:
         QCOMPARE(view.horizontalScrollBar()->value(), 1);
     }
 
-    // What shows the overlays (content that fits shows none) and where the
-    // wheel takes the view: by 20 with the fixed bound 101 on the view itself,
-    // Qt's own step over the items. The expander only watches: every event
-    // still reaches the view.
+    // What shows the overlays and where the wheel takes the view: by 20 with the fixed bound 101 on the
+    // view, Qt's own step over the items. The expander only watches: every event still reaches the view.
     void activity_data()
     {
         QTest::addColumn<int>("items");
@@ -193,9 +185,8 @@ private Q_SLOTS:
                  value < 0 ? list->verticalScrollBar()->maximum() : value);
     }
 
-    // The overlays hide 2000 ms after the last activity. The hide runs through
-    // the scheduler, which drops a poll that comes more than 2 ms late; a run in
-    // which the hide never came is repeated.
+    // The overlays hide 2000 ms after the last activity. The scheduler drops a poll more than 2 ms late,
+    // so a run in which the hide never came is repeated.
     void overlayHidesAfterTheStayTime_data()
     {
         QTest::addColumn<uint>("stayTime"); // 0: the default
@@ -230,8 +221,7 @@ private Q_SLOTS:
         QFAIL("the overlay never hid");
     }
 
-    // Odd uses: the filter put on another object passes its events on; the
-    // view may die first; there may be no view at all.
+    // The filter on another object passes its events on; the view may die first, or be absent.
     void oddUses()
     {
         auto list = makeList(100);

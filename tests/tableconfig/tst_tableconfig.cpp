@@ -1,5 +1,4 @@
-// The quote table's column files: reading, writing, the two lists, the
-// multi-block form, and what bad or damaged files do.
+// The quote table's column files: reading, writing, the two lists, blocks, bad and damaged files.
 
 #include "uxtestenv.h"
 
@@ -31,11 +30,9 @@ _TableHHeaderData record(const QString& feild, Qt::Alignment alignment = Qt::Ali
     h.feild = feild;
     h.isChangeColor = true;
     h.alignment = alignment;
-    const QRgb colors[] = {0x111111, 0xff0000, 0x00ff00, 0x888888, 0xffffff, 0xffeeee, 0xeeffee};
-    QColor* fields[] = {&h.defaultColor, &h.riseColor, &h.fallColor, &h.suspensionColor, &h.defaultBgColor,
-                        &h.riseBgColor, &h.fallBgColor};
-    for (int i = 0; i < 7; ++i)
-        *fields[i] = QColor(colors[i]);
+    std::tie(h.defaultColor, h.riseColor, h.fallColor, h.suspensionColor, h.defaultBgColor, h.riseBgColor,
+             h.fallBgColor) = std::make_tuple(QColor(0x111111), QColor(0xff0000), QColor(0x00ff00), QColor(0x888888),
+                                              QColor(0xffffff), QColor(0xffeeee), QColor(0xeeffee));
     return h;
 }
 
@@ -51,10 +48,7 @@ class TstTableConfig : public QObject
     QScopedPointer<QTemporaryDir> tmp;
     QString dir;
 
-    QString file(const QString& name, const QByteArray& content)
-    {
-        return UxTest::writeFile(dir + QLatin1Char('/') + name, content);
-    }
+    QString file(const QString& name, const QByteArray& c) { return UxTest::writeFile(dir + '/' + name, c); }
 
 private slots:
     void init()
@@ -67,8 +61,7 @@ private slots:
         m->setUserFileName(QString());
     }
 
-    // How a column file reads, column by column, through either door; bad
-    // files give an empty list and the parser's message.
+    // How a column file reads through either door; bad files give an empty list and the parser's message.
     void reading_data()
     {
         QTest::addColumn<QByteArray>("content"); // "<none>": no file
@@ -79,8 +72,7 @@ private slots:
         QTest::newRow("not json") << QByteArray("hello") << Columns{} << "loadConfig.*illegal value";
         QTest::newRow("array on top") << QByteArray("[1,2]") << Columns{} << QString();
 
-        // Missing keys overwrite the defaults (empty, false, invalid colours)
-        // but the alignment; flags that are no JSON booleans read as false.
+        // Missing keys overwrite the defaults but the alignment; flags that are no JSON booleans read as false.
         _TableHHeaderData bare;
         bare.isShow = false;
         bare.defaultValue.clear();
@@ -143,9 +135,8 @@ private slots:
         QCOMPARE(m->getTableHeaderData(), Columns{record("M")});
     }
 
-    // What a save writes, over whatever was there, and how it reads back. An
-    // empty list writes nothing; a damaged file goes aside as ".bad" exactly
-    // once, an intact one never does; missing folders are made.
+    // What a save writes over whatever was there and how it reads back: an empty list writes nothing,
+    // a damaged file goes aside as ".bad" exactly once, an intact one never; missing folders are made.
     void saving_data()
     {
         QTest::addColumn<QByteArray>("before"); // empty: no file
