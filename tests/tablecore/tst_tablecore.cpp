@@ -698,6 +698,7 @@ private Q_SLOTS:
         QCOMPARE(shown.codes.at(0).last(), QStringLiteral("600999-1"));
         QCOMPARE(scroll({}), QString::number(bar->maximum()));
         // Dragging asks once, on release; a show forces the next request, even for the same start.
+        QCOMPARE(scroll({0, 3 * p + 1}), QStringLiteral("0 %1").arg(3 * p + 1)); // one past the range's last row starts there
         scroll({0}), view.slotSubFirstPage(), shown.clear();
         bar->setSliderDown(true);
         QCOMPARE(scroll({300, 600}), QString());
