@@ -209,12 +209,13 @@ private Q_SLOTS:
 
     void helpers_data()
     {
-        Rows::columns<int>({"helper"}); // 0 open, 1 save, 2 folder
+        Rows::columns<int>({"helper"}); // 0 open, 1 save, 2 folder, 3 save without the filter out-parameter
         // filter: in, the preselected one; out, the choice. exit: a file to accept or a button.
         Rows::columns<QString>({"caption", "filter", "exit", "answer", "chosenFilter"});
         QTest::newRow("open, nothing preselected") << 0 << "Open" << "" << "a.txt" << "a.txt" << "Text (*.txt)";
         QTest::newRow("open, preselected") << 0 << "" << "Logs (*.log)" << "c.log" << "c.log" << "Logs (*.log)";
         QTest::newRow("save, offered from dir") << 1 << "" << "" << "saveButton" << "new.csv" << "Tables (*.csv)";
+        QTest::newRow("save, no filter asked back") << 3 << "" << "" << "saveButton" << "new.csv" << "";
         QTest::newRow("folder, chosen") << 2 << "Folder" << "" << "openButton" << "sub" << "";
         QTest::newRow("folder, close") << 2 << "Folder" << "" << "sysClose" << "" << "";
     }
@@ -232,8 +233,8 @@ private Q_SLOTS:
         QString got;
         if (helper == 0)
             got = UxFileDialog::getOpenFileName(nullptr, caption, m_files.path(), filters, &filter);
-        else if (helper == 1)
-            got = UxFileDialog::getSaveFileName(nullptr, caption, m_files.filePath("new.csv"), filters, &filter);
+        else if (helper != 2)
+            got = UxFileDialog::getSaveFileName(nullptr, caption, m_files.filePath("new.csv"), filters, helper == 1 ? &filter : nullptr);
         else
             got = UxFileDialog::getExistingDirectory(nullptr, caption, m_files.filePath("sub"));
         QCOMPARE(shownTitle, caption); // the caption replaces the mode's title, even when empty
