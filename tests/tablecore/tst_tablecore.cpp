@@ -690,7 +690,8 @@ private Q_SLOTS:
         QCOMPARE(scroll(down), QString::number(2 * p));
         // A jump past the range starts there; a step back before it, or inside its first screen, moves 2P up.
         QCOMPARE(scroll({500, 499}), QStringLiteral("500 %1").arg(499 - 2 * p));
-        QCOMPARE(scroll({499 - 2 * p, 499 - p, 499 - 2 * p + 1}), QString::number(499 - 4 * p));
+        QCOMPARE(scroll({499 - 2 * p, 499 - p}), QString()); // the first screen's end is outside it
+        QCOMPARE(scroll({499 - 2 * p + 1}), QString::number(499 - 4 * p));
         // At the end the count stays 3P, the codes stop at the last row.
         bar->setValue(bar->maximum());
         QCOMPARE(shown.pages.at(0).count, 3 * p);
