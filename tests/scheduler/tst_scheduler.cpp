@@ -95,10 +95,7 @@ private Q_SLOTS:
         QFETCH(bool, polling);
         QElapsedTimer spent;
         for (spent.start(); spent.elapsed() < 15000;) {
-            m_s = std::make_unique<UxScheduler>();
-            m_ran.clear();
-            m_timer = nullptr;
-            m_worst = m_until = 0;
+            m_s = std::make_unique<UxScheduler>(), m_ran.clear(), m_timer = nullptr, m_worst = m_until = 0;
             resetClock();
             for (const QString& op : ops)
                 exec(op);
