@@ -240,7 +240,7 @@ private slots:
             QVERIFY(button.menu()->isVisible());
             QCOMPARE(button.menu()->actions().size(), 1);
         });
-        QTest::newRow("clock zones") << Case([] {
+        QTest::newRow("clock zones, calendar bounds, time kinds") << Case([] {
             UxMiniClockPannel clock;
             clock.setTimeZoneMap({});
             for (const QVariant& v : {QVariant("abc"), QVariant(100000), QVariant()})
@@ -249,8 +249,6 @@ private slots:
             QMap<QString, QVariant> saved;
             clock.save(saved);
             QVERIFY(!clock.findChild<QLabel*>(QStringLiteral("timeLabel"))->text().isEmpty());
-        });
-        QTest::newRow("calendar bounds") << Case([] {
             UxCalendarTimeEdit edit;
             edit.setCalendarMinDate(QDateTime());
             edit.setCalendarMaxDate(QDateTime(QDate(1900, 1, 1), QTime(0, 0)));
@@ -259,8 +257,6 @@ private slots:
             cal.setCalendarMaxDate(QDateTime(QDate(2000, 1, 1), QTime(0, 0)));
             cal.show();
             QVERIFY(!edit.text().isNull());
-        });
-        QTest::newRow("time kinds") << Case([] {
             for (int kind : {-1, 3, 1000}) {
                 UxTimeEditPopEdit field(nullptr, kind);
                 field.setDateTime(QDateTime(), QDateTime(), QDateTime());
@@ -305,7 +301,7 @@ private slots:
             button->showMenu(QPoint(50, 50));
             popup = button->menu();
         });
-        QTest::newRow("clock zones") << Case([=] {
+        QTest::newRow("clock zones, calendar bounds, time kinds") << Case([=] {
             popup = (new UxMiniClockPannel(owner))->findChild<QMenu*>(QStringLiteral("zoneMenu"));
             static_cast<QMenu*>(popup.data())->popup(QPoint(60, 60));
         });
