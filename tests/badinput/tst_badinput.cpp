@@ -181,7 +181,7 @@ private slots:
             wizard->updateResult(QStringLiteral("x"));
             QCOMPARE(wizard->findChild<QTableView*>()->model()->rowCount(), 0);
         });
-        QTest::newRow("stack, missing pages") << Case([] {
+        QTest::newRow("stack, missing pages; flow layout") << Case([] {
             UxAnimationStackedWidget stack;
             QSignalSpy spy(&stack, &UxAnimationStackedWidget::signalFrameIndexChanged);
             expectLog(QStringLiteral("no page at index 3$"));
@@ -192,8 +192,6 @@ private slots:
             QCOMPARE(stack.getDuration(), 2000);
             QTest::qWait(20);
             QCOMPARE(spy.count(), 0);
-        });
-        QTest::newRow("flow layout") << Case([] {
             QWidget host;
             auto* layout = new UxFlowLayout(&host, -1, -1, -1);
             layout->addWidget(new QLabel(QStringLiteral("x")));
@@ -214,7 +212,7 @@ private slots:
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QVERIFY(ticker.findChildren<QLabel*>().size() <= 1);
         });
-        QTest::newRow("indent label without room or link") << Case([] {
+        QTest::newRow("indent label without room or link; tool button, deleted menu") << Case([] {
             UxNewIndentLabel label;
             label.setMsg(QString(20000, QChar(0x4E07)));
             delete label.linkLabel(); // a client deletes the link label it was handed: a new one is made
@@ -227,8 +225,6 @@ private slots:
                 label.resize(s);
                 label.repaint();
             }
-        });
-        QTest::newRow("tool button, deleted menu") << Case([] {
             UxCustomToolButton button;
             button.addActionToMenu(QString());
             delete button.menu()->actions().value(0); // a client deletes what it was handed
