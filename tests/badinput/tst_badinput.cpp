@@ -181,7 +181,7 @@ private slots:
             wizard->updateResult(QStringLiteral("x"));
             QCOMPARE(wizard->findChild<QTableView*>()->model()->rowCount(), 0);
         });
-        QTest::newRow("stack, missing pages") << Case([] {
+        QTest::newRow("stack, missing pages; flow layout") << Case([] {
             UxAnimationStackedWidget stack;
             QSignalSpy spy(&stack, &UxAnimationStackedWidget::signalFrameIndexChanged);
             expectLog(QStringLiteral("no page at index 3$"));
@@ -192,8 +192,6 @@ private slots:
             QCOMPARE(stack.getDuration(), 2000);
             QTest::qWait(20);
             QCOMPARE(spy.count(), 0);
-        });
-        QTest::newRow("flow layout") << Case([] {
             QWidget host;
             auto* layout = new UxFlowLayout(&host, -1, -1, -1);
             layout->addWidget(new QLabel(QStringLiteral("x")));
@@ -214,7 +212,7 @@ private slots:
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
             QVERIFY(ticker.findChildren<QLabel*>().size() <= 1);
         });
-        QTest::newRow("indent label without room or link") << Case([] {
+        QTest::newRow("indent label without room or link; tool button, deleted menu") << Case([] {
             UxNewIndentLabel label;
             label.setMsg(QString(20000, QChar(0x4E07)));
             delete label.linkLabel(); // a client deletes the link label it was handed: a new one is made
@@ -227,8 +225,6 @@ private slots:
                 label.resize(s);
                 label.repaint();
             }
-        });
-        QTest::newRow("tool button, deleted menu") << Case([] {
             UxCustomToolButton button;
             button.addActionToMenu(QString());
             delete button.menu()->actions().value(0); // a client deletes what it was handed
@@ -240,7 +236,7 @@ private slots:
             QVERIFY(button.menu()->isVisible());
             QCOMPARE(button.menu()->actions().size(), 1);
         });
-        QTest::newRow("clock zones") << Case([] {
+        QTest::newRow("clock zones, calendar bounds, time kinds") << Case([] {
             UxMiniClockPannel clock;
             clock.setTimeZoneMap({});
             for (const QVariant& v : {QVariant("abc"), QVariant(100000), QVariant()})
@@ -249,8 +245,6 @@ private slots:
             QMap<QString, QVariant> saved;
             clock.save(saved);
             QVERIFY(!clock.findChild<QLabel*>(QStringLiteral("timeLabel"))->text().isEmpty());
-        });
-        QTest::newRow("calendar bounds") << Case([] {
             UxCalendarTimeEdit edit;
             edit.setCalendarMinDate(QDateTime());
             edit.setCalendarMaxDate(QDateTime(QDate(1900, 1, 1), QTime(0, 0)));
@@ -259,8 +253,6 @@ private slots:
             cal.setCalendarMaxDate(QDateTime(QDate(2000, 1, 1), QTime(0, 0)));
             cal.show();
             QVERIFY(!edit.text().isNull());
-        });
-        QTest::newRow("time kinds") << Case([] {
             for (int kind : {-1, 3, 1000}) {
                 UxTimeEditPopEdit field(nullptr, kind);
                 field.setDateTime(QDateTime(), QDateTime(), QDateTime());
@@ -305,7 +297,7 @@ private slots:
             button->showMenu(QPoint(50, 50));
             popup = button->menu();
         });
-        QTest::newRow("clock zones") << Case([=] {
+        QTest::newRow("clock zones, calendar bounds, time kinds") << Case([=] {
             popup = (new UxMiniClockPannel(owner))->findChild<QMenu*>(QStringLiteral("zoneMenu"));
             static_cast<QMenu*>(popup.data())->popup(QPoint(60, 60));
         });
