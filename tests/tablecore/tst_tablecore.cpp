@@ -264,13 +264,19 @@ private Q_SLOTS:
         QCOMPARE(model.sortState(3) * 100 + model.sortState(99) * 10 + model.sortState(-1), 100);
     }
 
-    void badIndexesAndSetData()
+    // Bad indexes and edits, then quote updates matched by key, market and code.
+    void setDataAndUpdateRows()
     {
         UxTableModel model;
         QStandardItemModel other(50, 50);
+        auto text = [&model](int row, int col) { return model.data(model.index(row, col)).toString(); };
         model.setTableData(makeRows(3)); // no columns: nothing to show, sort or update
         model.sort(0, Qt::AscendingOrder), model.updateRow(makeRow(QStringLiteral("600001")));
         QVERIFY(!model.data(other.index(1, 0)).isValid());
+        // Codes of the rows asked for, cut at the end; nothing for a start outside or no count.
+        QCOMPARE(model.visibleCodes(1, 2) + model.visibleCodes(0, 1) + model.visibleCodes(2, 100) + model.visibleCodes(2, INT_MAX)
+                     + model.visibleCodes(-1, 2) + model.visibleCodes(3, 2) + model.visibleCodes(0, 0),
+                 QStringList({"600001-1", "600002-1", "600000-1", "600002-1", "600002-1"}));
         model.setHeaderDatas(quoteColumns());
         for (const QModelIndex& bad : {other.index(40, 1), other.index(1, 40), QModelIndex()})
             QVERIFY(!model.data(bad).isValid() && !model.setData(bad, QStringLiteral("x")));
@@ -282,17 +288,47 @@ private Q_SLOTS:
         // The same code or name, and the sequence column, store nothing and say so with true.
         QVERIFY(set(1, "600001") && set(2, "N600001") && set(0, "99"));
         QVERIFY(!model.setData(model.index(1, 3), QStringLiteral("9"), Qt::DisplayRole));
-        QCOMPARE(model.data(model.index(1, 0)).toString() + model.data(model.index(1, 3)).toString() + QString::number(changed.count()),
-                 QStringLiteral("2--0"));
+        QCOMPARE(text(1, 0) + text(1, 3) + QString::number(changed.count()), QStringLiteral("2--0"));
         QVERIFY(set(3, "12.30") && set(3, "12.30"));
-        QCOMPARE(model.data(model.index(1, 3)).toString(), QStringLiteral("12.30"));
+        QCOMPARE(text(1, 3), QStringLiteral("12.30"));
         QCOMPARE(changed.count(), 1);
         QCOMPARE(range(changed.at(0)), QStringLiteral("1,3-1,3 [2]"));
         // A new code is what the next quote update is matched by.
         QVERIFY(set(1, "000001") && set(2, "Renamed"));
         model.updateRow(makeRow(QStringLiteral("000001"), 1, now("7"))), model.updateRow(makeRow(QStringLiteral("600001"), 1, now("8")));
-        QCOMPARE(model.data(model.index(1, 3)).toString() + model.data(model.index(1, 2)).toString(), QStringLiteral("7N000001"));
+        QCOMPARE(text(1, 3) + text(1, 2), QStringLiteral("7N000001"));
         QCOMPARE(changed.count(), 4);
+        QList<_TableData> rows = makeRows(5);
+        rows[3] = makeRow(QStringLiteral("600001")), rows[4] = makeRow(QStringLiteral("600001"), 2); // row 1 again, and in another market
+        model.setTableData(rows), changed.clear();
+        _TableData update = makeRow(QStringLiteral("600001"), 1, now("8.88"));
+        update.name = QStringLiteral("updated");
+        model.updateRow(update);
+        // Other key, other market or unknown code: nothing.
+        model.updateRow(makeRow(QStringLiteral("600002"), 1, {}, 0, QStringLiteral("other")));
+        model.updateRow(makeRow(QStringLiteral("600002"), 9)), model.updateRow(makeRow(QStringLiteral("999999")));
+        QCOMPARE(text(1, 3) + text(1, 2) + text(3, 3) + text(4, 3), QStringLiteral("8.88updated----"));
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(range(changed.at(0)), QStringLiteral("1,0-1,12 []"));
+        model.sort(1, Qt::DescendingOrder); // the row moves with a sort and is still found
+        model.updateRow(makeRow(QStringLiteral("600000"), 1, now("1.11")));
+        QCOMPARE(text(4, 3), QStringLiteral("1.11"));
+        // updateAllRows copies identity and names, for a list of the same size only.
+        model.setTableData(makeRows(3));
+        model.updateRow(makeRow(QStringLiteral("600000"), 1, now("5")));
+        changed.clear();
+        const QList<_TableData> fresh = {makeRow(QStringLiteral("A"), 7, now("9"), 1, QStringLiteral("ka")), makeRow("B"), makeRow("C")};
+        model.updateAllRows(fresh.mid(0, 2)), model.updateAllRows(fresh);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(range(changed.at(0)), QStringLiteral("0,0-2,2 []"));
+        const _TableData first = model.tableDatas().at(0);
+        QCOMPARE(QStringList({first.key, first.code, first.name, QString::number(first.market), first.values.value("Now"), QString::number(first.riseFall)}),
+                 QStringList({"ka", "A", "NA", "7", "5", "0"}));
+        model.updateRow(makeRow(QStringLiteral("A"), 7, now("6"), 0, QStringLiteral("ka")));
+        QCOMPARE(text(0, 3), QStringLiteral("6"));
+        model.setHeaderDatas({column(QString())}); // fewer than three columns: still a valid range
+        model.updateAllRows(fresh);
+        QCOMPARE(range(changed.at(2)), QStringLiteral("0,0-2,0 []"));
     }
 
     // Each key as "type value".
@@ -369,44 +405,6 @@ private Q_SLOTS:
             QCOMPARE(codesOf(model.tableDatas()), codesOf(fresh.tableDatas()));
         }
     }
-    void updateRows()
-    {
-        UxTableModel model;
-        QList<_TableData> rows = makeRows(5);
-        rows[3] = makeRow(QStringLiteral("600001")), rows[4] = makeRow(QStringLiteral("600001"), 2); // row 1 again, and in another market
-        model.setHeaderDatas(quoteColumns()), model.setTableData(rows);
-        QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
-        auto text = [&model](int row, int col) { return model.data(model.index(row, col)).toString(); };
-        _TableData update = makeRow(QStringLiteral("600001"), 1, now("8.88"));
-        update.name = QStringLiteral("updated");
-        model.updateRow(update);
-        // Other key, other market or unknown code: nothing.
-        model.updateRow(makeRow(QStringLiteral("600002"), 1, {}, 0, QStringLiteral("other")));
-        model.updateRow(makeRow(QStringLiteral("600002"), 9)), model.updateRow(makeRow(QStringLiteral("999999")));
-        QCOMPARE(text(1, 3) + text(1, 2) + text(3, 3) + text(4, 3), QStringLiteral("8.88updated----"));
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(range(changed.at(0)), QStringLiteral("1,0-1,12 []"));
-        model.sort(1, Qt::DescendingOrder); // the row moves with a sort and is still found
-        model.updateRow(makeRow(QStringLiteral("600000"), 1, now("1.11")));
-        QCOMPARE(text(4, 3), QStringLiteral("1.11"));
-        // updateAllRows copies identity and names, for a list of the same size only.
-        model.setTableData(makeRows(3));
-        model.updateRow(makeRow(QStringLiteral("600000"), 1, now("5")));
-        changed.clear();
-        const QList<_TableData> fresh = {makeRow(QStringLiteral("A"), 7, now("9"), 1, QStringLiteral("ka")), makeRow("B"), makeRow("C")};
-        model.updateAllRows(fresh.mid(0, 2)), model.updateAllRows(fresh);
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(range(changed.at(0)), QStringLiteral("0,0-2,2 []"));
-        const _TableData first = model.tableDatas().at(0);
-        QCOMPARE(QStringList({first.key, first.code, first.name, QString::number(first.market), first.values.value("Now"), QString::number(first.riseFall)}),
-                 QStringList({"ka", "A", "NA", "7", "5", "0"}));
-        model.updateRow(makeRow(QStringLiteral("A"), 7, now("6"), 0, QStringLiteral("ka")));
-        QCOMPARE(text(0, 3), QStringLiteral("6"));
-        model.setHeaderDatas({column(QString())}); // fewer than three columns: still a valid range
-        model.updateAllRows(fresh);
-        QCOMPARE(range(changed.at(2)), QStringLiteral("0,0-2,0 []"));
-    }
-
     // Row 1 after one update: the price shown, the timers running and the tinted cells.
     void tintConditions_data()
     {
@@ -465,17 +463,6 @@ private Q_SLOTS:
         fire(timers.at(0));
         QCOMPARE(tint(3) + QString::number(changed.count()), QStringLiteral("#000000 0"));
     }
-
-    void visibleCodes_data()
-    {
-        addColumns();
-        UxTableModel model;
-        model.setTableData(makeRows(4));
-        QTest::newRow("inside") << list(model.visibleCodes(1, 2) + model.visibleCodes(0, 1)) << list({"600001-1", "600002-1", "600000-1"});
-        QTest::newRow("past the end") << list(model.visibleCodes(2, 100) + model.visibleCodes(3, INT_MAX)) << list({"600002-1", "600003-1", "600003-1"});
-        QTest::newRow("nothing") << list(model.visibleCodes(-1, 2) + model.visibleCodes(4, 2) + model.visibleCodes(0, 0)) << list({});
-    }
-    void visibleCodes() { compareRow(); }
 
     // Qt's item-model rules, in fatal mode, under bursts of updates, resets, sorts and edits.
     void quoteModelContract()
@@ -661,7 +648,7 @@ private Q_SLOTS:
     }
 
     // Scrolling asks for three screens of rows (P rows each) around the top row.
-    void requestsFollowScrollBar()
+    void requestsFollowScrollBarAndHeader()
     {
         ShownView shown(1000);
         UxTableView& view = shown.view;
@@ -705,20 +692,7 @@ private Q_SLOTS:
         QCOMPARE(scroll({}), QStringLiteral("600"));
         view.hide(), view.show(), view.slotSubFirstPage();
         QCOMPARE(scroll({}), QStringLiteral("600"));
-        // Shown with no room for a row: no requests.
-        UxTableView flat;
-        QSignalSpy asked(&flat, QOverload<const SubPageData&>::of(&UxTableView::sigSubPages));
-        flat.resize(600, 20), flat.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&flat));
-        flat.setHHeaderData(quoteColumns()), flat.slotCreateTableData(makeRows(100)), flat.slotSubFirstPage(), flat.slotVScrollBarValueChanged(50);
-        QCOMPARE(asked.count(), 0);
-    }
-
-    void headerClickRequestsSort()
-    {
-        ShownView shown(1000);
-        UxTableView& view = shown.view;
-        const int p = shown.pageRows();
+        // Header clicks ask for a sorted table from the top.
         QSignalSpy sortSpy(&view, &UxTableView::sigSortTableData);
         auto sent = [&sortSpy](int i) { return sortSpy.at(i).at(0).value<_SubPageData>(); };
         auto page = [&shown]() { return shown.pages.value(0).sortFeild + QString::number(shown.pages.value(0).sortMode); };
@@ -738,8 +712,7 @@ private Q_SLOTS:
         QCOMPARE(shown.pages.size(), 0);
         view.verticalScrollBar()->setValue(6 * p + 6);
         QCOMPARE(page(), QStringLiteral("Code2"));
-        // The main header sorts only once enabled, and only once per click;
-        // disabling leaves the connection made.
+        // The main header sorts only once enabled, once per click; disabling leaves the connection made.
         clickSection(header, 5);
         view.setHHeaderSortEnable(true), view.setHHeaderSortEnable(true);
         clickSection(header, 5);
@@ -747,50 +720,25 @@ private Q_SLOTS:
         clickSection(header, 6);
         QCOMPARE(sortSpy.count(), 4);
         QCOMPARE(sent(2).sortFeild + sent(3).sortFeild, QStringLiteral("HighLow"));
-        // Columns out of range ask for an unsorted table; the default sort
-        // field goes out with the next page.
+        // Columns out of range ask for an unsorted table; the default sort field goes out with the next page.
         view.slotHHeaderClicked(99);
         QCOMPARE(sent(4).sortFeild, QString());
         view.setDefaultSortFeildAndMode(QStringLiteral("Amount"), UxSortDescending);
         QCOMPARE(view.model()->headerData(10, Qt::Horizontal).toString(), QStringLiteral("Amount↓"));
         shown.clear(), view.slotSubFirstPage();
         QCOMPARE(page(), QStringLiteral("Amount2"));
-        // Sorting locally: the views sort by themselves and nothing is asked;
-        // the captions' arrows come back on, Qt's own indicator stays off.
+        // Sorting locally nothing is asked; the captions' arrows come back on, Qt's own indicator stays off.
         view.setIsIndexSelected(true);
         clickSection(frozenHeader, 1);
         QCOMPARE(QString::number(sortSpy.count()) + view.model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("5Code↑"));
         QVERIFY(!header->isSortIndicatorShown() && !frozenHeader->isSortIndicatorShown());
-    }
-
-    void scrollBarsAndKeys()
-    {
-        ShownView shown(100);
-        UxTableView& view = shown.view;
-        QSignalSpy clicked(&view, &UxTableView::sigTableViewClicked), doubleClicked(&view, &UxTableView::sigTableViewDoubleClicked);
-        // Scroll bars show only while the mouse is over the table.
-        QScrollBar *bar = view.verticalScrollBar(), *hbar = view.horizontalScrollBar();
-        QVERIFY(bar->isHidden() && hbar->isHidden());
-        QEvent enter(QEvent::Enter), leave(QEvent::Leave);
-        QCoreApplication::sendEvent(&view, &enter);
-        QTRY_VERIFY(bar->isVisible() && hbar->isVisible());
-        QCoreApplication::sendEvent(&view, &leave);
-        QVERIFY(bar->isHidden() && hbar->isHidden());
-        // Up and down report the row selected before the key moves it, Return
-        // and Enter the selected one; no other key does anything.
-        for (Qt::Key key : {Qt::Key_Return, Qt::Key_Down}) // nothing selected yet
-            QTest::keyClick(&view, key);
-        view.setRowSelected(2);
-        clicked.clear();
-        for (Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Enter, Qt::Key_PageDown, Qt::Key_PageUp,
-                            Qt::Key_Home, Qt::Key_End, Qt::Key_Left, Qt::Key_Right, Qt::Key_A})
-            QTest::keyClick(&view, key);
-        QStringList codes;
-        for (const QSignalSpy* spy : {&clicked, &doubleClicked})
-            for (const QList<QVariant>& args : *spy)
-                codes << QStringLiteral("%1@%2").arg(args.at(0).value<_TableData>().code).arg(args.at(1).toModelIndex().row());
-        QCOMPARE(codes, QStringList({"600002@2", "600003@3", "600004@4", "600003@3", "600003@3"}));
-        QCOMPARE(view.currentIndex().row() * 100 + view.verticalScrollBar()->value(), 300);
+        // Shown with no room for a row: no requests.
+        UxTableView flat;
+        QSignalSpy asked(&flat, QOverload<const SubPageData&>::of(&UxTableView::sigSubPages));
+        flat.resize(600, 20), flat.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&flat));
+        flat.setHHeaderData(quoteColumns()), flat.slotCreateTableData(makeRows(100)), flat.slotSubFirstPage(), flat.slotVScrollBarValueChanged(50);
+        QCOMPARE(asked.count(), 0);
     }
 
     // 30 columns of 80 after one of 60; the bar scrolls whole columns. Each row: the column
@@ -849,7 +797,7 @@ private Q_SLOTS:
     }
     void rowEdits() { compareRow(); }
 
-    void rowSelectionClicksAndUpdates()
+    void scrollBarsKeysClicksAndUpdates()
     {
         ShownView shown(200);
         UxTableView& view = shown.view;
@@ -861,12 +809,31 @@ private Q_SLOTS:
                 s += args.at(0).value<_TableData>().code + QLatin1Char('@') + QString::number(args.at(1).toModelIndex().row()) + ' ';
             return s;
         };
+        // Scroll bars show only while the mouse is over the table.
+        QScrollBar *bar = view.verticalScrollBar(), *hbar = view.horizontalScrollBar();
+        QVERIFY(bar->isHidden() && hbar->isHidden());
+        QEvent enter(QEvent::Enter), leave(QEvent::Leave);
+        QCoreApplication::sendEvent(&view, &enter);
+        QTRY_VERIFY(bar->isVisible() && hbar->isVisible());
+        QCoreApplication::sendEvent(&view, &leave);
+        QVERIFY(bar->isHidden() && hbar->isHidden());
+        // Up and down report the row selected before the key moves it, Return and Enter the selected one.
+        for (Qt::Key key : {Qt::Key_Return, Qt::Key_Down}) // nothing selected yet
+            QTest::keyClick(&view, key);
+        view.setRowSelected(2);
+        clicked.clear();
+        for (Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up, Qt::Key_Return, Qt::Key_Enter, Qt::Key_PageDown, Qt::Key_PageUp,
+                            Qt::Key_Home, Qt::Key_End, Qt::Key_Left, Qt::Key_Right, Qt::Key_A})
+            QTest::keyClick(&view, key);
+        QCOMPARE(codes(clicked) + codes(doubleClicked), QStringLiteral("600002@2 600003@3 600004@4 600003@3 600003@3 "));
+        QCOMPARE(view.currentIndex().row() * 100 + bar->value(), 300);
+        clicked.clear(), doubleClicked.clear();
         view.setRowSelected(-1), view.setRowSelected(200), view.setRowSelected(0), view.setRowSelected(150);
         QCOMPARE(codes(clicked), QStringLiteral("600000@0 600150@150 "));
         QVERIFY(clicked.at(1).at(1).toModelIndex() == view.currentIndex() && view.selectionModel()->isRowSelected(150, QModelIndex()));
         // Mouse clicks in either view report the row; the menu only on a row.
         clicked.clear();
-        view.verticalScrollBar()->setValue(0);
+        bar->setValue(0);
         QTableView* frozen = view.frozenView();
         const QPoint cell = view.visualRect(view.model()->index(4, 6)).center();
         const QPoint frozenCell = frozen->visualRect(frozen->model()->index(6, 1)).center();
