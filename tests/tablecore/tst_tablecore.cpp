@@ -618,35 +618,6 @@ private Q_SLOTS:
     }
     void columnWidths() { compareRow(); }
 
-    void frozenViewGeometryAndSync()
-    {
-        ShownView shown(50, 10);
-        UxTableView& view = shown.view;
-        QTableView* frozen = view.frozenView();
-        auto geometry = [&view]() {
-            return QRect(view.verticalHeader()->width() + view.frameWidth(), view.frameWidth(),
-                         view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2), view.viewport()->height() + view.horizontalHeader()->height());
-        };
-        QVERIFY(frozen->isVisible() && frozen->geometry() == geometry());
-        QCOMPARE(frozen->width(), 60 + 2 * 148);
-        // Widths follow in both directions, for the three frozen columns only.
-        view.setColumnWidth(1, 200), frozen->setColumnWidth(2, 100), view.setColumnWidth(0, 50);
-        view.setFrozenViewColumnHidden(5, false), view.setColumnWidth(5, 300);
-        QCOMPARE(QStringLiteral("%1 %2 %3 %4").arg(frozen->columnWidth(1)).arg(view.columnWidth(2)).arg(frozen->columnWidth(0)).arg(frozen->width()),
-                 QStringLiteral("200 100 50 350"));
-        QVERIFY(frozen->columnWidth(5) != 300 && frozen->geometry() == geometry() && view.updatesEnabled());
-        view.resize(900, 400);
-        QTRY_COMPARE(frozen->geometry(), geometry());
-        // The two views scroll together.
-        view.verticalScrollBar()->setValue(7);
-        QCOMPARE(frozen->verticalScrollBar()->value(), 7);
-        frozen->verticalScrollBar()->setValue(3);
-        QCOMPARE(view.verticalScrollBar()->value(), 3);
-        view.setFrozenViewColumnHidden(0, true), view.setFrozenViewColumnHidden(10, false), view.setFrozenViewColumnHidden(-1, false);
-        view.setTableViewCustomContexrtMenuEnable(true);
-        QVERIFY(frozen->isColumnHidden(0) && frozen->contextMenuPolicy() == Qt::CustomContextMenu && view.contextMenuPolicy() == Qt::CustomContextMenu);
-    }
-
     // Scrolling asks for three screens of rows (P rows each) around the top row.
     void requestsFollowScrollBarAndHeader()
     {
@@ -797,9 +768,9 @@ private Q_SLOTS:
     }
     void rowEdits() { compareRow(); }
 
-    void scrollBarsKeysClicksAndUpdates()
+    void scrollBarsKeysClicksUpdatesAndFrozenView()
     {
-        ShownView shown(200);
+        ShownView shown(200, 10);
         UxTableView& view = shown.view;
         QSignalSpy clicked(&view, &UxTableView::sigTableViewClicked), doubleClicked(&view, &UxTableView::sigTableViewDoubleClicked);
         QSignalSpy menu(&view, &UxTableView::sigCustomContextMenuRequested);
@@ -854,6 +825,29 @@ private Q_SLOTS:
         view.setIsPageChanged(false);
         view.slotUpdateTable({makeRow(QStringLiteral("600002"), 1, now("3.20"), 1)});
         QCOMPARE(price(), QStringLiteral("3.20#d3f2de"));
+        // The frozen view covers the first three columns.
+        auto geometry = [&view]() {
+            return QRect(view.verticalHeader()->width() + view.frameWidth(), view.frameWidth(),
+                         view.columnWidth(0) + view.columnWidth(1) + view.columnWidth(2), view.viewport()->height() + view.horizontalHeader()->height());
+        };
+        QVERIFY(frozen->isVisible() && frozen->geometry() == geometry());
+        QCOMPARE(frozen->width(), 60 + 2 * 148);
+        // Widths follow in both directions, for the three frozen columns only.
+        view.setColumnWidth(1, 200), frozen->setColumnWidth(2, 100), view.setColumnWidth(0, 50);
+        view.setFrozenViewColumnHidden(5, false), view.setColumnWidth(5, 300);
+        QCOMPARE(QStringLiteral("%1 %2 %3 %4").arg(frozen->columnWidth(1)).arg(view.columnWidth(2)).arg(frozen->columnWidth(0)).arg(frozen->width()),
+                 QStringLiteral("200 100 50 350"));
+        QVERIFY(frozen->columnWidth(5) != 300 && frozen->geometry() == geometry() && view.updatesEnabled());
+        view.resize(900, 400);
+        QTRY_COMPARE(frozen->geometry(), geometry());
+        // The two views scroll together.
+        view.verticalScrollBar()->setValue(7);
+        QCOMPARE(frozen->verticalScrollBar()->value(), 7);
+        frozen->verticalScrollBar()->setValue(3);
+        QCOMPARE(view.verticalScrollBar()->value(), 3);
+        view.setFrozenViewColumnHidden(0, true), view.setFrozenViewColumnHidden(10, false), view.setFrozenViewColumnHidden(-1, false);
+        view.setTableViewCustomContexrtMenuEnable(true);
+        QVERIFY(frozen->isColumnHidden(0) && frozen->contextMenuPolicy() == Qt::CustomContextMenu && view.contextMenuPolicy() == Qt::CustomContextMenu);
     }
 };
 
