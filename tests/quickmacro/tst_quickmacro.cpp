@@ -145,9 +145,10 @@ private slots:
         QTest::newRow("keyboard line edit") << QVariant(QVariantList{popup->model()->rowCount(), int(edit.completer()->filterMode()), edit.completer()->maxVisibleItems(), popup->styleSheet()})
                                             << QVariant(QVariantList{0, int(Qt::MatchContains), 100, ""});
         QTest::newRow("view") << QVariant(QVariantList{v.verticalHeader()->defaultSectionSize(), v.columnWidth(0), v.columnWidth(1), v.horizontalHeader()->stretchLastSection(),
+                                                       [] { QuickMacroView w; w.horizontalHeader()->setStretchLastSection(false); return w.columnWidth(2); }(), // set width under the stretch
                                                        v.horizontalHeader()->isHidden(), v.verticalHeader()->isHidden(), v.showGrid(), v.hasAutoScroll(), int(v.selectionBehavior()),
                                                        int(v.selectionMode()), int(v.horizontalScrollBarPolicy())})
-                              << QVariant(QVariantList{30, 74, 100, true, true, true, false, false, int(QAbstractItemView::SelectRows), int(QAbstractItemView::SingleSelection),
+                              << QVariant(QVariantList{30, 74, 100, true, 150, true, true, false, false, int(QAbstractItemView::SelectRows), int(QAbstractItemView::SingleSelection),
                                                        int(Qt::ScrollBarAlwaysOff)});
     }
     void contract()
