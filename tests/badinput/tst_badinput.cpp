@@ -21,15 +21,7 @@
 #include "uxtimeeditpopedit.h"
 #include "uxtimepopwidget.h"
 
-#include <QAbstractEventDispatcher>
-#include <QCalendarWidget>
-#include <QDir>
-#include <QLabel>
-#include <QMenu>
-#include <QPointer>
-#include <QTableView>
-
-#include <functional>
+#include <QtWidgets>
 
 namespace {
 
@@ -297,7 +289,7 @@ private slots:
             button->showMenu(QPoint(50, 50));
             popup = button->menu();
         });
-        QTest::newRow("clock zones, calendar bounds, time kinds") << Case([=] {
+        QTest::newRow("clock zone menu") << Case([=] {
             popup = (new UxMiniClockPannel(owner))->findChild<QMenu*>(QStringLiteral("zoneMenu"));
             static_cast<QMenu*>(popup.data())->popup(QPoint(60, 60));
         });

@@ -10,11 +10,7 @@
 #include "uxlooplabels.h"
 #include "uxnewindentlabel.h"
 
-#include <QAbstractEventDispatcher>
-#include <QAction>
-#include <QHelpEvent>
-#include <QPointer>
-#include <QPropertyAnimation>
+#include <QtWidgets>
 
 // Stands in for the client's main window: records the pages it is asked to
 // open, and may delete the status bar while doing so.
@@ -213,11 +209,11 @@ private Q_SLOTS:
         t.add(6, 6);
         QCOMPARE(lineTexts(&t.ticker), QStringList({"m6", "m1", "m2", "m3", "m4"}));
         QVERIFY(!t.ticker.isRepeatMsg(nth(5)));
-        QTRY_COMPARE(rolled.count(), 1);
-        QCOMPARE(rolled.at(0).at(0).toInt(), 0);
-        // Lines added while full do not forward clicks; the older ones do.
+        QTRY_COMPARE(QList<QVariantList>(rolled), QList<QVariantList>{{0}});
+        // Lines added while full do not forward clicks, the older ones do; a release without a press is no click.
+        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(lineAt(&t.ticker, 1), &release);
         click(lineAt(&t.ticker, 0));
-        QCOMPARE(clicked.count(), 0);
         click(lineAt(&t.ticker, 1));
         QCOMPARE(clicked.count(), 1);
         QCOMPARE(clicked.at(0).at(0).value<tagMessage>().content, QStringLiteral("m1"));
@@ -313,6 +309,8 @@ private Q_SLOTS:
         QHelpEvent tip(QEvent::ToolTip, QPoint(5, 5), line->mapToGlobal(QPoint(5, 5)));
         QCoreApplication::sendEvent(line, &tip);
         QCOMPARE(line->toolTip(), QStringLiteral("2024/03/05 09:30:01 ") + m.content);
+        if (!mainWindow) // with neither a main window nor a parent there is nothing to elide against
+            QCOMPARE(UxBottomLabel(m).text(), line->toolTip());
         t.add(2, 2); // a short one is shown whole
         QCOMPARE(lineAt(&t.ticker, 1)->text(), QStringLiteral("2024/03/05 09:30:02 m2"));
     }
@@ -403,29 +401,15 @@ private Q_SLOTS:
         button.addActionToMenu(QStringLiteral("A"));
         button.showMenu(QPoint(40, 50));
         QVERIFY(button.menu()->isVisible());
-        QCOMPARE(selected.count(), 1);
-        QCOMPARE(selected.at(0).at(0).toBool(), true);
+        QCOMPARE(QList<QVariantList>(selected), QList<QVariantList>{{true}});
         button.showMenu(QPoint(40, 50)); // a second call closes it
         QVERIFY(!button.menu()->isVisible());
         QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(0, 0, 255));
         button.setSelected(true);
         button.setSelected(true);
         QCOMPARE(button.palette().color(QPalette::ButtonText), QColor(255, 0, 0));
-        QCOMPARE(selected.count(), 1);
-        button.emitSelected();
-        QCOMPARE(selected.count(), 2);
-        QCOMPARE(selected.at(1).at(0).toBool(), true);
-    }
-
-    void bareLine()
-    {
-        UxCore::instance()->setMainWindow(nullptr);
-        UxBottomLabel line(nth(1)); // no main window, no parent: nothing to elide against
-        QCOMPARE(line.text(), QStringLiteral("2024/03/05 09:30:01 m1"));
-        QSignalSpy clicked(&line, &UxBottomLabel::signalClicked);
-        QMouseEvent release(QEvent::MouseButtonRelease, QPointF(5, 5), QPointF(5, 5), Qt::LeftButton, Qt::NoButton, Qt::NoModifier);
-        QCoreApplication::sendEvent(&line, &release); // a release without a press is no click
-        QCOMPARE(clicked.count(), 0);
+        button.emitSelected(); // setSelected() itself emits nothing
+        QCOMPARE(QList<QVariantList>(selected), QList<QVariantList>({{true}, {true}}));
     }
 };
 
