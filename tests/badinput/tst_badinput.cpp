@@ -12,7 +12,6 @@
 #include "uxcustomtablewidget.h"
 #include "uxcustomtoolbutton.h"
 #include "uxdatetimeedit.h"
-#include "uxflowlayout.h"
 #include "uxkeyboradsprit.h"
 #include "uxlooplabels.h"
 #include "uxminiclockpannel.h"
@@ -173,7 +172,7 @@ private slots:
             wizard->updateResult(QStringLiteral("x"));
             QCOMPARE(wizard->findChild<QTableView*>()->model()->rowCount(), 0);
         });
-        QTest::newRow("stack, missing pages; flow layout") << Case([] {
+        QTest::newRow("stack, missing pages") << Case([] {
             UxAnimationStackedWidget stack;
             QSignalSpy spy(&stack, &UxAnimationStackedWidget::signalFrameIndexChanged);
             expectLog(QStringLiteral("no page at index 3$"));
@@ -184,13 +183,6 @@ private slots:
             QCOMPARE(stack.getDuration(), 2000);
             QTest::qWait(20);
             QCOMPARE(spy.count(), 0);
-            QWidget host;
-            auto* layout = new UxFlowLayout(&host, -1, -1, -1);
-            layout->addWidget(new QLabel(QStringLiteral("x")));
-            QVERIFY(!layout->takeAt(-1) && !layout->takeAt(1) && !layout->itemAt(1) && layout->itemAt(0));
-            QVERIFY(layout->heightForWidth(-10) >= 0);
-            layout->setGeometry(QRect(0, 0, -5, -5));
-            QCOMPARE(layout->count(), 1);
         });
         QTest::newRow("ticker limits") << Case([] {
             UxLoopLabels ticker;

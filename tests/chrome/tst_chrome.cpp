@@ -16,9 +16,8 @@
 
 namespace {
 
-// One colour per shadow piece, in painting order; tst_chrome.qrc holds the
-// same colours under ":/bg/".
-const char* const kPieces[8] = {"top_left", "left", "bottom_left", "top", "bottom", "right", "top_right", "bottom_right"};
+// One colour per shadow piece, in painting order (top-left, left, bottom-left, top, bottom, right, top-right,
+// bottom-right); tst_chrome.qrc holds the same colours under ":/bg/".
 const QRgb kColours[8] = {qRgb(255, 0, 0),   qRgb(0, 255, 0),   qRgb(0, 0, 255), qRgb(255, 255, 0),
                           qRgb(0, 255, 255), qRgb(255, 0, 255), qRgb(128, 0, 0), qRgb(0, 128, 0)};
 
@@ -131,8 +130,7 @@ private Q_SLOTS:
     {
         QTest::addColumn<QVariant>("actual"); QTest::addColumn<QVariant>("expected");
         static FramelessHelper helper;
-        QTest::newRow("border width 5") << QVariant(helper.borderWidth()) << QVariant(5u);
-        QTest::newRow("title height 30") << QVariant(helper.titleHeight()) << QVariant(30u);
+        QTest::newRow("border width 5, title height 30") << QVariant(QVariantList{helper.borderWidth(), helper.titleHeight()}) << QVariant(QVariantList{5u, 30u});
         QTest::newRow("movable, resizable") << QVariant(helper.widgetMovable() && helper.widgetResizable()) << QVariant(true);
         QTest::newRow("rubberBandOnResisze") << QVariant(helper.rubberBandOnMove() || helper.rubberBandOnResisze()) << QVariant(false);
         static UxFramelessHelper host(nullptr);
@@ -265,10 +263,8 @@ private Q_SLOTS:
         QImage image;
         if (source == 2) {
             QMap<QString, QByteArray> files; // the resource's plain-colour pieces, as a skin's
-            for (const char* piece : kPieces) {
-                const QString name = QStringLiteral("bg/shadow_%1.png").arg(QLatin1String(piece));
-                files.insert(name, UxTest::readFile(QStringLiteral(":/") + name));
-            }
+            for (const QString& name : QDir(QStringLiteral(":/bg")).entryList())
+                files.insert(QStringLiteral("bg/") + name, UxTest::readFile(QStringLiteral(":/bg/") + name));
             UxTest::writeSkin(QStringLiteral("shadows"), files);
             UxCore::instance()->setSkinRoot(UxTest::skinRoot());
             UxCore::instance()->setCurrentSkin(QStringLiteral("shadows"));
@@ -488,8 +484,7 @@ private Q_SLOTS:
         animation->setCurrentTime(animation->duration() / 2);
         const QImage half = w.grab().toImage();
         QFETCH(QPoint, oldAtHalf); QFETCH(QPoint, newAtHalf);
-        QCOMPARE(half.pixelColor(oldAtHalf), QColor(Qt::red));
-        QCOMPARE(half.pixelColor(newAtHalf), QColor(Qt::blue));
+        QCOMPARE(QList<QColor>({half.pixelColor(oldAtHalf), half.pixelColor(newAtHalf)}), QList<QColor>({Qt::red, Qt::blue}));
         QCOMPARE(changed.count(), 0); // the index changes only when the slide ends
         animation->setCurrentTime(animation->duration());
         QCOMPARE(QList<QVariantList>(changed), QList<QVariantList>{{1}});
@@ -537,7 +532,10 @@ private Q_SLOTS:
         QVERIFY(first && first->widget() == buttons[0]);
         delete first;
         QCOMPARE(layout->itemAt(0)->widget(), buttons[1]);
-        QVERIFY(!layout->itemAt(-1) && !layout->takeAt(23));
+        QVERIFY(!layout->itemAt(-1) && !layout->takeAt(-1) && !layout->takeAt(23));
+        QVERIFY(layout->heightForWidth(-10) >= 0); // nonsense sizes are survived
+        layout->setGeometry(QRect(0, 0, -5, -5));
+        QCOMPARE(layout->count(), 23);
     }
 };
 
