@@ -453,7 +453,7 @@ private Q_SLOTS:
     }
     void slide()
     {
-        QFETCH(int, type); QFETCH(int, from);
+        QFETCH(int, type); QFETCH(int, from); QFETCH(QPoint, oldAtHalf); QFETCH(QPoint, newAtHalf);
         const auto kind = UxAnimationStackedWidget::AnimationType(type);
         UxAnimationStackedWidget w;
         auto* animation = w.findChild<QPropertyAnimation*>();
@@ -483,7 +483,6 @@ private Q_SLOTS:
         QCOMPARE(w.grab().toImage().pixelColor(295, 37), QColor(Qt::red));
         animation->setCurrentTime(animation->duration() / 2);
         const QImage half = w.grab().toImage();
-        QFETCH(QPoint, oldAtHalf); QFETCH(QPoint, newAtHalf);
         QCOMPARE(QList<QColor>({half.pixelColor(oldAtHalf), half.pixelColor(newAtHalf)}), QList<QColor>({Qt::red, Qt::blue}));
         QCOMPARE(changed.count(), 0); // the index changes only when the slide ends
         animation->setCurrentTime(animation->duration());
