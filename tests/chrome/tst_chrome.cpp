@@ -527,9 +527,8 @@ private Q_SLOTS:
         for (int i : {0, perRow - 1, perRow, 23})
             QCOMPARE(buttons[i]->geometry(), QRect(6 + (i % perRow) * (20 + spacing), 6 + (i / perRow) * (20 + spacing), 20, 20));
         QCOMPARE(layout->minimumSize(), QSize(31, 33));
-        QLayoutItem* first = layout->takeAt(0); // hands the first item over, the rest shift
+        std::unique_ptr<QLayoutItem> first(layout->takeAt(0)); // hands the first item over, the rest shift
         QVERIFY(first && first->widget() == buttons[0]);
-        delete first;
         QCOMPARE(layout->itemAt(0)->widget(), buttons[1]);
         QVERIFY(!layout->itemAt(-1) && !layout->takeAt(-1) && !layout->takeAt(23));
         QVERIFY(layout->heightForWidth(-10) >= 0); // nonsense sizes are survived
