@@ -82,10 +82,7 @@ struct Ticker {
         ticker.barMsgEnable(false);
         stackOf(&ticker)->setDuration(1);
     }
-    void add(int from, int to)
-    {
-        for (int i = from; i <= to; ++i) ticker.addMessages(nth(i));
-    }
+    void add(int i) { ticker.addMessages(nth(i)); }
 };
 
 } // namespace
@@ -178,23 +175,23 @@ private Q_SLOTS:
         UxAnimationStackedWidget* stack = stackOf(&t.ticker);
         QSignalSpy rolled(stack, &UxAnimationStackedWidget::signalFrameIndexChanged);
         QSignalSpy clicked(&t.ticker, &UxLoopLabels::sigClickedMsg);
-        t.add(1, 1);
+        t.add(1);
         tagMessage repeat = nth(1, QStringLiteral("4"), 4); // same time and text, other kind
         repeat.msgId = QStringLiteral("x");
         t.ticker.addMessages(repeat);
         QCOMPARE(stack->count(), 1);
         QCOMPARE(slideOf(&t.ticker)->state(), QAbstractAnimation::Stopped);
-        t.add(2, 2); // each new line rolls in
+        t.add(2); // each new line rolls in
         QTRY_COMPARE(stack->currentIndex(), 1);
         QEvent enter(QEvent::Enter), leave(QEvent::Leave); // but not while a line is hovered
         QCoreApplication::sendEvent(lineAt(&t.ticker, 1), &enter);
-        t.add(3, 3);
+        t.add(3);
         QCOMPARE(slideOf(&t.ticker)->state(), QAbstractAnimation::Stopped);
         QCOMPARE(stack->currentIndex(), 1);
         QCOMPARE(lineAt(&t.ticker, 1)->cursor().shape(), Qt::PointingHandCursor);
         QCoreApplication::sendEvent(lineAt(&t.ticker, 1), &leave);
         for (int i = 4; i <= 5; ++i) {
-            t.add(i, i);
+            t.add(i);
             QTRY_COMPARE(stack->currentIndex(), i - 1);
         }
         QCOMPARE(lineTexts(&t.ticker), QStringList({"m1", "m2", "m3", "m4", "m5"}));
@@ -206,7 +203,7 @@ private Q_SLOTS:
             QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^QObject::connect")));
         rolled.clear();
         stack->setCurrentIndex(2);
-        t.add(6, 6);
+        t.add(6);
         QCOMPARE(lineTexts(&t.ticker), QStringList({"m6", "m1", "m2", "m3", "m4"}));
         QVERIFY(!t.ticker.isRepeatMsg(nth(5)));
         QTRY_COMPARE(QList<QVariantList>(rolled), QList<QVariantList>{{0}});
@@ -223,7 +220,7 @@ private Q_SLOTS:
         t.ticker.updateBarMsgNumOrTime();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(t.ticker.findChildren<UxBottomLabel*>().size(), 0);
-        t.add(1, 1); // no longer a repeat
+        t.add(1); // no longer a repeat
         QCOMPARE(stack->count(), 1);
     }
 
@@ -310,7 +307,7 @@ private Q_SLOTS:
         QCOMPARE(line->toolTip(), QStringLiteral("2024/03/05 09:30:01 ") + m.content);
         if (!mainWindow) // with neither a main window nor a parent there is nothing to elide against
             QCOMPARE(UxBottomLabel(m).text(), line->toolTip());
-        t.add(2, 2); // a short one is shown whole
+        t.add(2); // a short one is shown whole
         QCOMPARE(lineAt(&t.ticker, 1)->text(), QStringLiteral("2024/03/05 09:30:02 m2"));
     }
 
