@@ -37,18 +37,6 @@ QWidget* container() { return overlay()->searchEdit()->parentWidget(); }
 
 void sendFocus(QWidget* w, QEvent::Type type) { QFocusEvent ev(type, Qt::OtherFocusReason); QApplication::sendEvent(w, &ev); }
 
-// A line edit at RECT in PARENT that feeds the wizard, focused and given TEXT.
-QLineEdit* wizardEdit(QWidget* parent, const QRect& rect, const QString& text)
-{
-    auto* edit = new QLineEdit(parent);
-    edit->setGeometry(rect);
-    edit->installEventFilter(wizard());
-    parent->window()->show();
-    sendFocus(edit, QEvent::FocusIn);
-    edit->setText(text);
-    return edit;
-}
-
 // Own methods of MO in declaration order, in Qt's text form (2 signal, 1 other).
 QString ownMethods(const QMetaObject& mo)
 {
@@ -213,7 +201,12 @@ private slots:
         window->resize(500, height);
         auto* holder = new QWidget(window);
         holder->setGeometry(20, 40, 460, 200);
-        QLineEdit* edit = wizardEdit(nested ? holder : window, nested ? QRect(15, 7, 300, 24) : QRect(30, 50, 250, 24), text);
+        auto* edit = new QLineEdit(nested ? holder : window); // focused and fed to the wizard
+        edit->setGeometry(nested ? QRect(15, 7, 300, 24) : QRect(30, 50, 250, 24));
+        edit->installEventFilter(wizard());
+        window->show();
+        sendFocus(edit, QEvent::FocusIn);
+        edit->setText(text);
         edit->setProperty("needopen", true);
         QSignalSpy spy(alive, &UxKeyBoradSprit::signalStockSelected);
         const QPoint origin = edit->mapTo(window, QPoint(0, 0));
@@ -289,6 +282,7 @@ private slots:
             QTRY_VERIFY(scene.panel.hasFocus());
     }
 
+    // Under a client's line edit: placed below it, fed by it, surviving it; then choosing hits and extends.
     void overlayUnderReplaceLineEdit()
     {
         OverlayScene scene(QSize(500, 600));
@@ -306,8 +300,8 @@ private slots:
         scene.panel.resize(250, 600); // narrower than the list: it starts left of the panel
         edit->setText("60");
         QCOMPARE(container()->geometry(), QRect(-50, 32, 300, 362));
-        QSignalSpy chosen(overlay(), &QuickMacroSearchWidget::stockSelected);
-        QVERIFY(overlay()->enterIsEnabled() && chosen == QList<QVariantList>({{"url:600000", 0}}));
+        QSignalSpy stock(overlay(), &QuickMacroSearchWidget::stockSelected);
+        QVERIFY(overlay()->enterIsEnabled() && stock == QList<QVariantList>({{"url:600000", 0}}));
         QStringList names{"功能"};
         QList<QList<QStringList>> groups{{{"F10"}}};
         overlay()->setExtendItems(names, groups);
@@ -320,20 +314,18 @@ private slots:
         delete edit; // the client's line edit may go away first
         overlay()->searchTextChanged("6");
         QCOMPARE(overlay()->tableView()->model()->rowCount(), 3);
-    }
-
-    void overlayChoosesHitsAndExtends()
-    {
-        OverlayScene scene(QSize(400, 400));
+        // Choosing, by double click or Return, a hit or an extend group's entry.
+        overlay()->setReplaceLineEdit(nullptr);
+        overlay()->showSearchEdit(true);
         overlay()->setType(3);
-        QStringList names{"功能", "页面", "spare"};
-        QList<QList<QStringList>> groups{{{"F10", "资料"}, {"F5"}}, {{"61"}, {"63"}, {"65"}}};
+        names = QStringList{"功能", "页面", "spare"};
+        groups = {{{"F10", "资料"}, {"F5"}}, {{"61"}, {"63"}, {"65"}}};
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression("setExtendItems.* names and groups differ in number 3 2$"));
         overlay()->setExtendItems(names, groups); // a name without a group is dropped, and logged
         overlay()->searchTextChanged("600000");
         QAbstractItemModel* model = overlay()->tableView()->model();
         QCOMPARE(model->rowCount(), 1 + 5);
-        QSignalSpy stock(overlay(), &QuickMacroSearchWidget::stockSelected);
+        stock.clear();
         QSignalSpy extend(overlay(), &QuickMacroSearchWidget::extendSelected);
         QStandardItemModel rows(9, 2); // a row past the groups chooses nothing
         for (const QModelIndex& index : {model->index(0, 1), model->index(4, 1), model->index(6, 1), QModelIndex(), rows.index(6, 1)})
@@ -349,7 +341,7 @@ private slots:
     }
 
     // The popup waits, then lists the hits under the edit; keys on it choose, close or pass through.
-    void completer()
+    void completerAndLineEdit()
     {
         UxNewSearchLineEdit lonely; // codes without names change nothing
         lonely.findChild<UxCompleter*>()->showSuggestions({"1"}, {});
@@ -382,11 +374,7 @@ private slots:
         QMouseEvent click(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         completer->autoSuggest();
         QVERIFY(completer->eventFilter(popup, &click) && !popup->isVisible());
-    }
-
-    // Enter on the keyboard line edit writes its list's choice back and opens nothing.
-    void lineEditEnter()
-    {
+        // Enter on the keyboard line edit writes its list's choice back and opens nothing.
         QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
         struct : UxKeyBoradLineEdit { using UxKeyBoradLineEdit::setTableData; } lineEdit; // its list starts empty: Enter writes the empty choice back
         lineEdit.setText("600");
