@@ -210,13 +210,9 @@ private Q_SLOTS:
             return exit.contains('.') && helper == 0 ? typeAndOpen(d, exit) : click(d, exit);
         });
         const QString filters = helper ? "Tables (*.csv)" : "Text (*.txt);;Logs (*.log)";
-        QString got;
-        if (helper == 0)
-            got = UxFileDialog::getOpenFileName(nullptr, caption, m_files.path(), filters, &filter);
-        else if (helper != 2)
-            got = UxFileDialog::getSaveFileName(nullptr, caption, m_files.filePath("new.csv"), filters, helper == 1 ? &filter : nullptr);
-        else
-            got = UxFileDialog::getExistingDirectory(nullptr, caption, m_files.filePath("sub"));
+        const QString got = helper == 0 ? UxFileDialog::getOpenFileName(nullptr, caption, m_files.path(), filters, &filter)
+            : helper != 2 ? UxFileDialog::getSaveFileName(nullptr, caption, m_files.filePath("new.csv"), filters, helper == 1 ? &filter : nullptr)
+                          : UxFileDialog::getExistingDirectory(nullptr, caption, m_files.filePath("sub"));
         QCOMPARE(shownTitle, caption); // the caption replaces the mode's title, even when empty
         QCOMPARE(got.isEmpty() ? QString() : QFileInfo(got).fileName(), answer);
         QCOMPARE(helper < 2 ? filter : QString(), chosenFilter);
