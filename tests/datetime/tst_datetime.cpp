@@ -399,7 +399,8 @@ private slots:
     {
         Rows::columns<QVariant>({"menu", "stored", "hours", "name", "checked"}); // with the base zone 8
         auto row = [](const char* tag, bool menu, const QVariant& zone, int hours, const QString& name, const QString& checked) {
-            QTest::newRow(tag) << QVariant(menu) << QVariant(zone.isValid() ? QVariantMap{{"zone", zone}} : QVariantMap()) << QVariant(hours) << QVariant(name) << QVariant(checked);
+            QTest::newRow(tag) << QVariant(menu) << QVariant(zone.isValid() ? QVariantMap{{"zone", zone}} : QVariantMap()) << QVariant(hours) << QVariant(name)
+                               << QVariant(checked);
         };
         row("choose 旧金山", true, -8, -16, "旧金山", "-8");
         row("choose 汉城", true, 9, 1, "汉城", "9");

@@ -78,11 +78,13 @@ private Q_SLOTS:
             QVariantList{"UxMessageBox", QSize(454, 233), "RkMessageBox", true, 0x812, false, true, false});
         const QMetaObject& mo = UxMessageBox::staticMetaObject;
         row("box meta", QStringList{mo.method(mo.methodOffset()).methodSignature(), mo.method(mo.methodOffset() + 1).methodSignature(),
-                                    mo.method(mo.methodOffset() + 2).methodSignature(), mo.property(mo.propertyOffset()).name(), QString::number(mo.methodCount() - mo.methodOffset())},
+                                    mo.method(mo.methodOffset() + 2).methodSignature(), mo.property(mo.propertyOffset()).name(),
+                                    QString::number(mo.methodCount() - mo.methodOffset())},
             QStringList{"sigCheckBoxVisibleChanged(bool)", "exec()", "slotButtonClicked(QAbstractButton*)", "checkBoxVisible", "3"});
         for (const auto& b : kButtons)
             row(QString("button %1").arg(b.first, 0, 16), UxMessageBox().addButton(b.first)->text(), QString::fromUtf8(b.second));
-        row("dialog names", missing(&dlg, "verticalLayout topFrame horizontalLayout_3 titleLabel sysMin sysClose bodyWidget bodylayout openButton cancelButton"), "");
+        row("dialog names", missing(&dlg, "verticalLayout topFrame horizontalLayout_3 titleLabel sysMin sysClose bodyWidget bodylayout "
+                                          "openButton cancelButton"), "");
         row("dialog form", QVariantList{dlg.objectName(), dlg.size(), dlg.windowTitle(), int(dlg.windowFlags()), dlg.testAttribute(Qt::WA_TranslucentBackground)},
             QVariantList{"UxFileDialog", QSize(761, 489), "CustomFileDialog", int(Qt::FramelessWindowHint), true});
         row("title bar", QVariantList{child(&dlg, "sysMin")->toolTip(), child(&dlg, "sysClose")->toolTip(), child(&dlg, "sysMin")->maximumSize(),

@@ -90,11 +90,14 @@ private slots:
         QuickMacroView v;
         UxNewSearchLineEdit search;
         auto* timer = search.findChild<QTimer*>();
-        row("wizard form", QVariantList{wizard()->objectName(), wizard()->windowTitle(), wizardView()->height(), int(wizardView()->focusPolicy()), wizard() == UxKeyBoradSprit::initance()},
+        row("wizard form", QVariantList{wizard()->objectName(), wizard()->windowTitle(), wizardView()->height(), int(wizardView()->focusPolicy()),
+                                        wizard() == UxKeyBoradSprit::initance()},
             QVariantList{"UxKeyBoradSprit", "Frame", 362, int(QTableView().focusPolicy()), true});
-        row("wizard meta", ownMethods(UxKeyBoradSprit::staticMetaObject), "2signalStockSelected(QString,int) 1clear() 1focusRowChanged(int) 1dbClicked(QModelIndex,bool) 1dbClicked(QModelIndex)");
-        row("overlay meta", ownMethods(QuickMacroSearchWidget::staticMetaObject), "2newSearchResultCount(int) 2stockSelected(QString,int) 2extendSelected(QString,int,int) "
-                                                                                  "1searchTextChanged(QString) 1focusRowChanged(int) 1enterIsEnabled() 1dbClicked(QModelIndex)");
+        row("wizard meta", ownMethods(UxKeyBoradSprit::staticMetaObject),
+            "2signalStockSelected(QString,int) 1clear() 1focusRowChanged(int) 1dbClicked(QModelIndex,bool) 1dbClicked(QModelIndex)");
+        row("overlay meta", ownMethods(QuickMacroSearchWidget::staticMetaObject),
+            "2newSearchResultCount(int) 2stockSelected(QString,int) 2extendSelected(QString,int,int) 1searchTextChanged(QString) 1focusRowChanged(int) "
+            "1enterIsEnabled() 1dbClicked(QModelIndex)");
         row("completer, line edit meta", ownMethods(UxCompleter::staticMetaObject) + " " + ownMethods(UxKeyBoradLineEdit::staticMetaObject),
             "1doneCompletion() 1preventSuggest() 1autoSuggest() 1slotRspCodeSearchs() 2signalStockSelected(QString,int)");
         row("completer wait", QVariantList{timer->interval(), timer->isSingleShot(), int(timer->timerType())}, QVariantList{400, true, int(Qt::CoarseTimer)});
@@ -121,8 +124,8 @@ private slots:
         UxKeyBoradLineEdit edit;
         edit.loadSkin(QString("QLineEdit { color: red; }")); // the skin reaches the line edit only
         auto* popup = qobject_cast<QuickMacroView*>(edit.completer()->popup());
-        row("keyboard line edit", QVariantList{popup->model()->rowCount(), int(edit.completer()->filterMode()), edit.completer()->maxVisibleItems(), popup->styleSheet()},
-            QVariantList{0, int(Qt::MatchContains), 100, ""});
+        row("keyboard line edit", QVariantList{popup->model()->rowCount(), int(edit.completer()->filterMode()), edit.completer()->maxVisibleItems(),
+                                               popup->styleSheet()}, QVariantList{0, int(Qt::MatchContains), 100, ""});
         row("view", QVariantList{v.verticalHeader()->defaultSectionSize(), v.columnWidth(0), v.columnWidth(1), v.horizontalHeader()->stretchLastSection(),
                                  [] { QuickMacroView w; w.horizontalHeader()->setStretchLastSection(false); return w.columnWidth(2); }(), // set width under the stretch
                                  v.horizontalHeader()->isHidden(), v.verticalHeader()->isHidden(), v.showGrid(), v.hasAutoScroll(), int(v.selectionBehavior()),
