@@ -176,7 +176,9 @@ private slots:
             QCOMPARE(got, c.second);
         }
         // A row past the hits (an extend group's) chooses nothing.
-        const QVector<quickMacroItem*> hits = matcher.search("600");
+        QVector<quickMacroItem*> hits = matcher.search("600");
+        hits.append(dict.ptrs[0]);
+        hits.removeLast(); // the slot just past the end holds a usable record, so reading it shows
         QStandardItemModel rows(9, 1);
         QCOMPARE((QVector<const void*>{UxQuickMacroMatcher::hitAt(hits, rows.index(2, 0)), UxQuickMacroMatcher::hitAt(hits, rows.index(3, 0)), UxQuickMacroMatcher::hitAt(hits, {})}),
                  (QVector<const void*>{hits[2], nullptr, nullptr}));
