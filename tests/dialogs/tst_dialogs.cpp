@@ -3,20 +3,10 @@
 
 #include "uxfiledialog.h"
 #include "uxmessagebox.h"
-#include "uxqtcompat.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QTreeView>
+#include <QtWidgets>
 
 #include <functional>
-#include <memory>
 
 namespace {
 
@@ -70,67 +60,62 @@ private Q_SLOTS:
 
     void contract_data()
     {
-        QTest::addColumn<QVariant>("actual");
-        QTest::addColumn<QVariant>("expected");
+        Rows::columns<QVariant>({"actual", "expected"});
+        auto row = [](const QString& tag, const QVariant& actual, const QVariant& expected) { QTest::newRow(qPrintable(tag)) << actual << expected; };
         QWidget owner;
         UxMessageBox box(&owner);
         UxFileDialog dlg(&owner);
-        auto names = [](QWidget* w, const QStringList& list) {
-            QStringList found;
-            for (const QString& n : list)
-                found << (w->findChild<QObject*>(n) ? n : "missing " + n);
-            return QVariant(found);
+        auto missing = [](QWidget* w, const QString& names) { // those of NAMES not found in W
+            QStringList out;
+            for (const QString& n : names.split(' '))
+                out << (w->findChild<QObject*>(n) ? QString() : n);
+            return out.join(' ').simplified();
         };
-        const QStringList boxNames{"gridLayout_2", "baseFrame", "gridLayout", "verticalLayout_4", "verticalLayout_3", "horizontalLayout", "titleLabel", "verticalLayout",
-                                   "closeBtn", "hLine", "verticalLayout_2", "contentsLabel", "btnHLayout", "horizontalLayout_2", "checkBox", "BtnBox"};
-        const QStringList dlgNames{"verticalLayout", "topFrame", "horizontalLayout_3", "titleLabel", "sysMin", "sysClose", "bodyWidget", "bodylayout", "openButton", "cancelButton"};
-        QTest::newRow("box names") << names(&box, boxNames) << QVariant(boxNames);
-        QTest::newRow("box form") << QVariant(QVariantList{box.objectName(), box.size(), box.windowTitle(), box.isWindow(), int(box.windowFlags() & 0x812), box.checkBoxVisible(),
-                                                           box.findChild<UxFramelessHelper*>()->isMovable(), box.findChild<UxFramelessHelper*>()->isResizable()})
-                                  << QVariant(QVariantList{"UxMessageBox", QSize(454, 233), "RkMessageBox", true, 0x812, false, true, false});
+        row("box names", missing(&box, "gridLayout_2 baseFrame gridLayout verticalLayout_4 verticalLayout_3 horizontalLayout titleLabel verticalLayout "
+                                       "closeBtn hLine verticalLayout_2 contentsLabel btnHLayout horizontalLayout_2 checkBox BtnBox"), "");
+        row("box form", QVariantList{box.objectName(), box.size(), box.windowTitle(), box.isWindow(), int(box.windowFlags() & 0x812), box.checkBoxVisible(),
+                                     box.findChild<UxFramelessHelper*>()->isMovable(), box.findChild<UxFramelessHelper*>()->isResizable()},
+            QVariantList{"UxMessageBox", QSize(454, 233), "RkMessageBox", true, 0x812, false, true, false});
         const QMetaObject& mo = UxMessageBox::staticMetaObject;
-        QTest::newRow("box meta") << QVariant(QStringList{mo.method(mo.methodOffset()).methodSignature(), mo.method(mo.methodOffset() + 1).methodSignature(), mo.method(mo.methodOffset() + 2).methodSignature(),
-                                                          mo.property(mo.propertyOffset()).name(), QString::number(mo.methodCount() - mo.methodOffset())})
-                                  << QVariant(QStringList{"sigCheckBoxVisibleChanged(bool)", "exec()", "slotButtonClicked(QAbstractButton*)", "checkBoxVisible", "3"});
+        row("box meta", QStringList{mo.method(mo.methodOffset()).methodSignature(), mo.method(mo.methodOffset() + 1).methodSignature(),
+                                    mo.method(mo.methodOffset() + 2).methodSignature(), mo.property(mo.propertyOffset()).name(),
+                                    QString::number(mo.methodCount() - mo.methodOffset())},
+            QStringList{"sigCheckBoxVisibleChanged(bool)", "exec()", "slotButtonClicked(QAbstractButton*)", "checkBoxVisible", "3"});
         for (const auto& b : kButtons)
-            QTest::addRow("button %x", b.first) << QVariant(UxMessageBox().addButton(b.first)->text()) << QVariant(QString::fromUtf8(b.second));
-        QTest::newRow("dialog names") << names(&dlg, dlgNames) << QVariant(dlgNames);
-        QTest::newRow("dialog form") << QVariant(QVariantList{dlg.objectName(), dlg.size(), dlg.windowTitle(), int(dlg.windowFlags()), dlg.testAttribute(Qt::WA_TranslucentBackground)})
-                                     << QVariant(QVariantList{"UxFileDialog", QSize(761, 489), "CustomFileDialog", int(Qt::FramelessWindowHint), true});
-        QTest::newRow("title bar") << QVariant(QVariantList{child(&dlg, "sysMin")->toolTip(), child(&dlg, "sysClose")->toolTip(), child(&dlg, "sysMin")->maximumSize(),
-                                                            child<QLabel>(&dlg, "titleLabel")->maximumHeight(), child<QLabel>(&dlg, "lookInLabel")->text()})
-                                   << QVariant(QVariantList{"最小化", "关闭", QSize(23, 23), 36, "文件目录："});
-        QTest::newRow("chooser") << QVariant(QVariantList{chooser(&dlg)->testOption(QFileDialog::DontUseNativeDialog), chooser(&dlg)->isSizeGripEnabled(),
-                                                          child<QComboBox>(&dlg, "lookInCombo")->minimumHeight(), child<QLineEdit>(&dlg, "fileNameEdit")->minimumHeight()})
-                                 << QVariant(QVariantList{true, QFileDialog().isSizeGripEnabled(), 24, 24});
-        QTest::newRow("open button") << QVariant(QVariantList{child(&dlg, "openButton")->size(), child(&dlg, "openButton")->styleSheet().left(24), child(&dlg, "cancelButton")->text()})
-                                     << QVariant(QVariantList{QSize(68, 24), "#openButton{border:none;", "取消"});
+            row(QString("button %1").arg(b.first, 0, 16), UxMessageBox().addButton(b.first)->text(), QString::fromUtf8(b.second));
+        row("dialog names", missing(&dlg, "verticalLayout topFrame horizontalLayout_3 titleLabel sysMin sysClose bodyWidget bodylayout "
+                                          "openButton cancelButton"), "");
+        row("dialog form", QVariantList{dlg.objectName(), dlg.size(), dlg.windowTitle(), int(dlg.windowFlags()), dlg.testAttribute(Qt::WA_TranslucentBackground)},
+            QVariantList{"UxFileDialog", QSize(761, 489), "CustomFileDialog", int(Qt::FramelessWindowHint), true});
+        row("title bar", QVariantList{child(&dlg, "sysMin")->toolTip(), child(&dlg, "sysClose")->toolTip(), child(&dlg, "sysMin")->maximumSize(),
+                                      child<QLabel>(&dlg, "titleLabel")->maximumHeight(), child<QLabel>(&dlg, "lookInLabel")->text()},
+            QVariantList{"最小化", "关闭", QSize(23, 23), 36, "文件目录："});
+        row("chooser", QVariantList{chooser(&dlg)->testOption(QFileDialog::DontUseNativeDialog), chooser(&dlg)->isSizeGripEnabled(),
+                                    child<QComboBox>(&dlg, "lookInCombo")->minimumHeight(), child<QLineEdit>(&dlg, "fileNameEdit")->minimumHeight()},
+            QVariantList{true, QFileDialog().isSizeGripEnabled(), 24, 24});
+        row("open button", QVariantList{child(&dlg, "openButton")->size(), child(&dlg, "openButton")->styleSheet().left(24), child(&dlg, "cancelButton")->text()},
+            QVariantList{QSize(68, 24), "#openButton{border:none;", "取消"});
     }
-    void contract()
-    {
-        QFETCH(QVariant, actual); QFETCH(QVariant, expected);
-        QCOMPARE(actual, expected);
-    }
+    void contract() { QTEST(cell<QVariant>("actual"), "expected"); }
 
     void returnCodes_data()
     {
         Rows::columns<int>({"runner", "buttons"}); // runner: 0 constructed, 1 information, 2 warning, 3 critical, 4 question
-        Rows::columns<QString>({"exit"}); // a button value, "close" or "escape"
-        Rows::columns<int>({"expected"});
+        Rows::columns<QString>({"exit"}); // a button value, returned; or "close" or "escape", which return 0
         const int okCancel = QMessageBox::Ok | QMessageBox::Cancel;
         const int yesNo = QMessageBox::Yes | QMessageBox::No;
-        QTest::newRow("information ok") << 1 << okCancel << "1024" << 0x400;
-        QTest::newRow("information close") << 1 << okCancel << "close" << 0;
-        QTest::newRow("warning escape") << 2 << okCancel << "escape" << 0;
-        QTest::newRow("critical cancel") << 3 << okCancel << "4194304" << 0x400000;
-        QTest::newRow("question yes") << 4 << yesNo << "16384" << 0x4000;
-        QTest::newRow("constructed help") << 0 << int(QMessageBox::Help | QMessageBox::Ok) << "16777216" << 0x1000000;
-        QTest::newRow("constructed escape") << 0 << okCancel << "escape" << 0;
+        QTest::newRow("information ok") << 1 << okCancel << "1024";
+        QTest::newRow("information close") << 1 << okCancel << "close";
+        QTest::newRow("warning escape") << 2 << okCancel << "escape";
+        QTest::newRow("critical cancel") << 3 << okCancel << "4194304";
+        QTest::newRow("question yes") << 4 << yesNo << "16384";
+        QTest::newRow("constructed help") << 0 << int(QMessageBox::Help | QMessageBox::Ok) << "16777216";
+        QTest::newRow("constructed escape") << 0 << okCancel << "escape";
     }
     void returnCodes()
     {
-        const int runner = cell<int>("runner"), expected = cell<int>("expected");
         const QString exit = cell<QString>("exit");
+        const int runner = cell<int>("runner"), expected = exit.toInt();
         QAbstractButton* clicked = nullptr;
         drive<UxMessageBox>([&](UxMessageBox* box) {
             return exit == "escape" ? QTest::keyClick(box, Qt::Key_Escape) : (exit == "close" ? child(box, "closeBtn") : (clicked = boxButton(box, exit.toInt())))->click(), true;
@@ -148,35 +133,32 @@ private Q_SLOTS:
         QCOMPARE(box.exec(), expected);
     }
 
-    void checkBox()
+    // The check box shows on request, signalling changes only; the closing button dies first, and
+    // a clicked button the caller deleted is not deleted twice.
+    void checkBoxAndClickedButton()
     {
-        UxMessageBox box("t", "m");
-        auto* check = child<QCheckBox>(&box, "checkBox");
-        QSignalSpy spy(&box, &UxMessageBox::sigCheckBoxVisibleChanged);
-        box.setCheckBoxVisible(true);
+        auto* box = new UxMessageBox("t", "m", QMessageBox::Ok | QMessageBox::Cancel);
+        auto* check = child<QCheckBox>(box, "checkBox");
+        QSignalSpy spy(box, &UxMessageBox::sigCheckBoxVisibleChanged);
+        box->setCheckBoxVisible(true);
         check->hide();
-        box.setCheckBoxVisible(true); // unchanged: no signal, but shown again
+        box->setCheckBoxVisible(true); // unchanged: no signal, but shown again
         QVERIFY(!check->isHidden());
-        QVERIFY(box.setProperty("checkBoxVisible", false));
-        box.setCheckBoxVisible(false);
+        QVERIFY(box->setProperty("checkBoxVisible", false));
+        box->setCheckBoxVisible(false);
         QVERIFY(spy == QList<QVariantList>({{true}, {false}}) && check->isHidden());
         for (Qt::CheckState state : {Qt::Unchecked, Qt::PartiallyChecked, Qt::Checked}) {
             check->setCheckState(state);
-            QCOMPARE(box.checkBoxChecked(), state == Qt::Checked);
+            QCOMPARE(box->checkBoxChecked(), state == Qt::Checked);
         }
-    }
-
-    void clickedButtonDiesFirst()
-    {
         QStringList deaths;
-        auto* box = new UxMessageBox("t", "m", QMessageBox::Ok | QMessageBox::Cancel);
         for (const auto& w : QList<QPair<QObject*, QString>>{{child<QLabel>(box, "contentsLabel"), "label"}, {boxButton(box, QMessageBox::Cancel), "cancel"}})
             QObject::connect(w.first, &QObject::destroyed, [&deaths, name = w.second]() { deaths << name; });
         drive<UxMessageBox>([](UxMessageBox* b) { return boxButton(b, QMessageBox::Cancel)->click(), true; });
         QCOMPARE(box->exec(), int(QMessageBox::Cancel));
-        delete box; // the closing button goes first
+        delete box;
         QCOMPARE(deaths, QStringList({"cancel", "label"}));
-        UxMessageBox again("t", "m", QMessageBox::Ok); // a clicked button the caller deleted is not deleted twice
+        UxMessageBox again("t", "m", QMessageBox::Ok);
         drive<UxMessageBox>([](UxMessageBox* b) { return boxButton(b, QMessageBox::Ok)->click(), true; });
         QCOMPARE(again.exec(), int(QMessageBox::Ok));
         delete again.clickedButton();
@@ -230,13 +212,9 @@ private Q_SLOTS:
             return exit.contains('.') && helper == 0 ? typeAndOpen(d, exit) : click(d, exit);
         });
         const QString filters = helper ? "Tables (*.csv)" : "Text (*.txt);;Logs (*.log)";
-        QString got;
-        if (helper == 0)
-            got = UxFileDialog::getOpenFileName(nullptr, caption, m_files.path(), filters, &filter);
-        else if (helper != 2)
-            got = UxFileDialog::getSaveFileName(nullptr, caption, m_files.filePath("new.csv"), filters, helper == 1 ? &filter : nullptr);
-        else
-            got = UxFileDialog::getExistingDirectory(nullptr, caption, m_files.filePath("sub"));
+        const QString got = helper == 0 ? UxFileDialog::getOpenFileName(nullptr, caption, m_files.path(), filters, &filter)
+            : helper != 2 ? UxFileDialog::getSaveFileName(nullptr, caption, m_files.filePath("new.csv"), filters, helper == 1 ? &filter : nullptr)
+                          : UxFileDialog::getExistingDirectory(nullptr, caption, m_files.filePath("sub"));
         QCOMPARE(shownTitle, caption); // the caption replaces the mode's title, even when empty
         QCOMPARE(got.isEmpty() ? QString() : QFileInfo(got).fileName(), answer);
         QCOMPARE(helper < 2 ? filter : QString(), chosenFilter);

@@ -11,13 +11,7 @@
 #include "uxquickmacromatcher.h"
 #include "uxquickmacrosearchwidget.h"
 
-#include <QCompleter>
-#include <QHeaderView>
-#include <QPainter>
-#include <QPointer>
-#include <QRegularExpressionValidator>
-#include <QStandardItemModel>
-#include <QTreeWidget>
+#include <QtWidgets>
 
 #include <memory>
 #include <vector>
@@ -43,25 +37,13 @@ QWidget* container() { return overlay()->searchEdit()->parentWidget(); }
 
 void sendFocus(QWidget* w, QEvent::Type type) { QFocusEvent ev(type, Qt::OtherFocusReason); QApplication::sendEvent(w, &ev); }
 
-// A line edit at RECT in PARENT that feeds the wizard, focused and given TEXT.
-QLineEdit* wizardEdit(QWidget* parent, const QRect& rect, const QString& text)
-{
-    auto* edit = new QLineEdit(parent);
-    edit->setGeometry(rect);
-    edit->installEventFilter(wizard());
-    parent->window()->show();
-    sendFocus(edit, QEvent::FocusIn);
-    edit->setText(text);
-    return edit;
-}
-
 // Own methods of MO in declaration order, in Qt's text form (2 signal, 1 other).
-QStringList ownMethods(const QMetaObject& mo)
+QString ownMethods(const QMetaObject& mo)
 {
     QStringList out;
     for (int i = mo.methodOffset(); i < mo.methodCount(); ++i)
         out << (mo.method(i).methodType() == QMetaMethod::Signal ? "2" : "1") + mo.method(i).methodSignature();
-    return out;
+    return out.join(' ');
 }
 
 // A shown panel that the overlay covers and watches.
@@ -103,25 +85,26 @@ private slots:
     // What clients and skins rely on: names, signatures, defaults, the completer's wait.
     void contract_data()
     {
-        QTest::addColumn<QVariant>("actual");
-        QTest::addColumn<QVariant>("expected");
+        Rows::columns<QVariant>({"actual", "expected"});
+        auto row = [](const char* tag, const QVariant& actual, const QVariant& expected) { QTest::newRow(tag) << actual << expected; };
         QuickMacroView v;
         UxNewSearchLineEdit search;
         auto* timer = search.findChild<QTimer*>();
-        QTest::newRow("wizard form") << QVariant(QVariantList{wizard()->objectName(), wizard()->windowTitle(), wizardView()->height(), int(wizardView()->focusPolicy()), wizard() == UxKeyBoradSprit::initance()})
-                                     << QVariant(QVariantList{"UxKeyBoradSprit", "Frame", 362, int(QTableView().focusPolicy()), true});
-        QTest::newRow("wizard meta") << QVariant(ownMethods(UxKeyBoradSprit::staticMetaObject))
-                                     << QVariant(QStringList{"2signalStockSelected(QString,int)", "1clear()", "1focusRowChanged(int)", "1dbClicked(QModelIndex,bool)", "1dbClicked(QModelIndex)"});
-        QTest::newRow("overlay meta") << QVariant(ownMethods(QuickMacroSearchWidget::staticMetaObject))
-                                      << QVariant(QStringList{"2newSearchResultCount(int)", "2stockSelected(QString,int)", "2extendSelected(QString,int,int)", "1searchTextChanged(QString)",
-                                                              "1focusRowChanged(int)", "1enterIsEnabled()", "1dbClicked(QModelIndex)"});
-        QTest::newRow("completer, line edit meta") << QVariant(ownMethods(UxCompleter::staticMetaObject) + ownMethods(UxKeyBoradLineEdit::staticMetaObject))
-                                                   << QVariant(QStringList{"1doneCompletion()", "1preventSuggest()", "1autoSuggest()", "1slotRspCodeSearchs()", "2signalStockSelected(QString,int)"});
-        QTest::newRow("completer wait") << QVariant(QVariantList{timer->interval(), timer->isSingleShot(), int(timer->timerType())}) << QVariant(QVariantList{400, true, int(Qt::CoarseTimer)});
-        QTest::newRow("search edit") << QVariant(QVariantList{search.width(), qobject_cast<const QRegularExpressionValidator*>(search.validator())->regularExpression().pattern(),
-                                                              search.findChild<QTreeWidget*>()->rootIsDecorated(), overlay() == QuickMacroSearchWidget::initance(),
-                                                              overlay()->searchEdit()->height(), overlay()->tableView()->height()})
-                                     << QVariant(QVariantList{120, "^[a-zA-Z0-9.\\w]+$", false, true, 27, 362});
+        row("wizard form", QVariantList{wizard()->objectName(), wizard()->windowTitle(), wizardView()->height(), int(wizardView()->focusPolicy()),
+                                        wizard() == UxKeyBoradSprit::initance()},
+            QVariantList{"UxKeyBoradSprit", "Frame", 362, int(QTableView().focusPolicy()), true});
+        row("wizard meta", ownMethods(UxKeyBoradSprit::staticMetaObject),
+            "2signalStockSelected(QString,int) 1clear() 1focusRowChanged(int) 1dbClicked(QModelIndex,bool) 1dbClicked(QModelIndex)");
+        row("overlay meta", ownMethods(QuickMacroSearchWidget::staticMetaObject),
+            "2newSearchResultCount(int) 2stockSelected(QString,int) 2extendSelected(QString,int,int) 1searchTextChanged(QString) 1focusRowChanged(int) "
+            "1enterIsEnabled() 1dbClicked(QModelIndex)");
+        row("completer, line edit meta", ownMethods(UxCompleter::staticMetaObject) + " " + ownMethods(UxKeyBoradLineEdit::staticMetaObject),
+            "1doneCompletion() 1preventSuggest() 1autoSuggest() 1slotRspCodeSearchs() 2signalStockSelected(QString,int)");
+        row("completer wait", QVariantList{timer->interval(), timer->isSingleShot(), int(timer->timerType())}, QVariantList{400, true, int(Qt::CoarseTimer)});
+        row("search edit", QVariantList{search.width(), qobject_cast<const QRegularExpressionValidator*>(search.validator())->regularExpression().pattern(),
+                                        search.findChild<QTreeWidget*>()->rootIsDecorated(), overlay() == QuickMacroSearchWidget::initance(),
+                                        overlay()->searchEdit()->height(), overlay()->tableView()->height()},
+            QVariantList{120, "^[a-zA-Z0-9.\\w]+$", false, true, 27, 362});
         DataModel model;
         model.resetData(m_dict.ptrs, {}, {});
         QImage tag(74, 30, QImage::Format_ARGB32);
@@ -131,31 +114,26 @@ private slots:
         option.rect = QRect(0, 0, 74, 30);
         option.state = QStyle::State_Selected; // a filled box 10 px in and 5 px down
         DataDelegate().paint(&painter, option, model.index(0, 0));
-        painter.end();
         QString edges; // across each side of the box: white, fill or a blend
         for (const QPoint& p : {QPoint(7, 15), QPoint(61, 15), QPoint(37, 2), QPoint(37, 22)})
             for (int i = 0; i < 6; ++i) {
                 const QColor c = tag.pixelColor(p + (p.x() == 37 ? QPoint(0, i) : QPoint(i, 0)));
                 edges += c == Qt::white ? 'w' : c == QColor(76, 159, 255) ? 'f' : 'b';
             }
-        QTest::newRow("tag") << QVariant(edges) << QVariant("wwbffffffbwwwwbffffffbww");
+        row("tag", edges, "wwbffffffbwwwwbffffffbww");
         UxKeyBoradLineEdit edit;
         edit.loadSkin(QString("QLineEdit { color: red; }")); // the skin reaches the line edit only
         auto* popup = qobject_cast<QuickMacroView*>(edit.completer()->popup());
-        QTest::newRow("keyboard line edit") << QVariant(QVariantList{popup->model()->rowCount(), int(edit.completer()->filterMode()), edit.completer()->maxVisibleItems(), popup->styleSheet()})
-                                            << QVariant(QVariantList{0, int(Qt::MatchContains), 100, ""});
-        QTest::newRow("view") << QVariant(QVariantList{v.verticalHeader()->defaultSectionSize(), v.columnWidth(0), v.columnWidth(1), v.horizontalHeader()->stretchLastSection(),
-                                                       [] { QuickMacroView w; w.horizontalHeader()->setStretchLastSection(false); return w.columnWidth(2); }(), // set width under the stretch
-                                                       v.horizontalHeader()->isHidden(), v.verticalHeader()->isHidden(), v.showGrid(), v.hasAutoScroll(), int(v.selectionBehavior()),
-                                                       int(v.selectionMode()), int(v.horizontalScrollBarPolicy())})
-                              << QVariant(QVariantList{30, 74, 100, true, 150, true, true, false, false, int(QAbstractItemView::SelectRows), int(QAbstractItemView::SingleSelection),
-                                                       int(Qt::ScrollBarAlwaysOff)});
+        row("keyboard line edit", QVariantList{popup->model()->rowCount(), int(edit.completer()->filterMode()), edit.completer()->maxVisibleItems(),
+                                               popup->styleSheet()}, QVariantList{0, int(Qt::MatchContains), 100, ""});
+        row("view", QVariantList{v.verticalHeader()->defaultSectionSize(), v.columnWidth(0), v.columnWidth(1), v.horizontalHeader()->stretchLastSection(),
+                                 [] { QuickMacroView w; w.horizontalHeader()->setStretchLastSection(false); return w.columnWidth(2); }(), // set width under the stretch
+                                 v.horizontalHeader()->isHidden(), v.verticalHeader()->isHidden(), v.showGrid(), v.hasAutoScroll(), int(v.selectionBehavior()),
+                                 int(v.selectionMode()), int(v.horizontalScrollBarPolicy())},
+            QVariantList{30, 74, 100, true, 150, true, true, false, false, int(QAbstractItemView::SelectRows), int(QAbstractItemView::SingleSelection),
+                         int(Qt::ScrollBarAlwaysOff)});
     }
-    void contract()
-    {
-        QFETCH(QVariant, actual); QFETCH(QVariant, expected);
-        QCOMPARE(actual, expected);
-    }
+    void contract() { QTEST(cell<QVariant>("actual"), "expected"); }
 
     void listRows()
     {
@@ -198,7 +176,9 @@ private slots:
             QCOMPARE(got, c.second);
         }
         // A row past the hits (an extend group's) chooses nothing.
-        const QVector<quickMacroItem*> hits = matcher.search("600");
+        QVector<quickMacroItem*> hits = matcher.search("600");
+        hits.append(dict.ptrs[0]);
+        hits.removeLast(); // the slot just past the end holds a usable record, so reading it shows
         QStandardItemModel rows(9, 1);
         QCOMPARE((QVector<const void*>{UxQuickMacroMatcher::hitAt(hits, rows.index(2, 0)), UxQuickMacroMatcher::hitAt(hits, rows.index(3, 0)), UxQuickMacroMatcher::hitAt(hits, {})}),
                  (QVector<const void*>{hits[2], nullptr, nullptr}));
@@ -226,7 +206,12 @@ private slots:
         window->resize(500, height);
         auto* holder = new QWidget(window);
         holder->setGeometry(20, 40, 460, 200);
-        QLineEdit* edit = wizardEdit(nested ? holder : window, nested ? QRect(15, 7, 300, 24) : QRect(30, 50, 250, 24), text);
+        auto* edit = new QLineEdit(nested ? holder : window); // focused and fed to the wizard
+        edit->setGeometry(nested ? QRect(15, 7, 300, 24) : QRect(30, 50, 250, 24));
+        edit->installEventFilter(wizard());
+        window->show();
+        sendFocus(edit, QEvent::FocusIn);
+        edit->setText(text);
         edit->setProperty("needopen", true);
         QSignalSpy spy(alive, &UxKeyBoradSprit::signalStockSelected);
         const QPoint origin = edit->mapTo(window, QPoint(0, 0));
@@ -302,6 +287,7 @@ private slots:
             QTRY_VERIFY(scene.panel.hasFocus());
     }
 
+    // Under a client's line edit: placed below it, fed by it, surviving it; then choosing hits and extends.
     void overlayUnderReplaceLineEdit()
     {
         OverlayScene scene(QSize(500, 600));
@@ -319,8 +305,8 @@ private slots:
         scene.panel.resize(250, 600); // narrower than the list: it starts left of the panel
         edit->setText("60");
         QCOMPARE(container()->geometry(), QRect(-50, 32, 300, 362));
-        QSignalSpy chosen(overlay(), &QuickMacroSearchWidget::stockSelected);
-        QVERIFY(overlay()->enterIsEnabled() && chosen == QList<QVariantList>({{"url:600000", 0}}));
+        QSignalSpy stock(overlay(), &QuickMacroSearchWidget::stockSelected);
+        QVERIFY(overlay()->enterIsEnabled() && stock == QList<QVariantList>({{"url:600000", 0}}));
         QStringList names{"功能"};
         QList<QList<QStringList>> groups{{{"F10"}}};
         overlay()->setExtendItems(names, groups);
@@ -333,20 +319,18 @@ private slots:
         delete edit; // the client's line edit may go away first
         overlay()->searchTextChanged("6");
         QCOMPARE(overlay()->tableView()->model()->rowCount(), 3);
-    }
-
-    void overlayChoosesHitsAndExtends()
-    {
-        OverlayScene scene(QSize(400, 400));
+        // Choosing, by double click or Return, a hit or an extend group's entry.
+        overlay()->setReplaceLineEdit(nullptr);
+        overlay()->showSearchEdit(true);
         overlay()->setType(3);
-        QStringList names{"功能", "页面", "spare"};
-        QList<QList<QStringList>> groups{{{"F10", "资料"}, {"F5"}}, {{"61"}, {"63"}, {"65"}}};
+        names = QStringList{"功能", "页面", "spare"};
+        groups = {{{"F10", "资料"}, {"F5"}}, {{"61"}, {"63"}, {"65"}}};
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression("setExtendItems.* names and groups differ in number 3 2$"));
         overlay()->setExtendItems(names, groups); // a name without a group is dropped, and logged
         overlay()->searchTextChanged("600000");
         QAbstractItemModel* model = overlay()->tableView()->model();
         QCOMPARE(model->rowCount(), 1 + 5);
-        QSignalSpy stock(overlay(), &QuickMacroSearchWidget::stockSelected);
+        stock.clear();
         QSignalSpy extend(overlay(), &QuickMacroSearchWidget::extendSelected);
         QStandardItemModel rows(9, 2); // a row past the groups chooses nothing
         for (const QModelIndex& index : {model->index(0, 1), model->index(4, 1), model->index(6, 1), QModelIndex(), rows.index(6, 1)})
@@ -361,7 +345,8 @@ private slots:
         overlay()->setExtendItems(names, groups);
     }
 
-    void completerWaitsThenSuggests()
+    // The popup waits, then lists the hits under the edit; keys on it choose, close or pass through.
+    void completerAndLineEdit()
     {
         UxNewSearchLineEdit lonely; // codes without names change nothing
         lonely.findChild<UxCompleter*>()->showSuggestions({"1"}, {});
@@ -369,6 +354,7 @@ private slots:
         UxNewSearchLineEdit edit;
         edit.setDictData(m_dict.ptrs);
         edit.show();
+        auto* completer = edit.findChild<UxCompleter*>();
         auto* popup = edit.findChild<QTreeWidget*>();
         QTest::keyClicks(&edit, "N"); // keys jtny and ndsd, any case
         QVERIFY(edit.findChild<QTimer*>()->isActive() && !popup->isVisible());
@@ -377,16 +363,8 @@ private slots:
                                (popup->pos() - edit.mapToGlobal(QPoint(0, edit.height()))).manhattanLength() <= 4}),
                  QVariantList({"000600", "建投能源", "300750", edit.width(), true}));
         edit.setText(" "); // trims to nothing, which every record holds
-        edit.findChild<UxCompleter*>()->slotRspCodeSearchs();
+        completer->slotRspCodeSearchs();
         QCOMPARE(popup->topLevelItemCount(), 4);
-    }
-
-    void completerKeys()
-    {
-        UxNewSearchLineEdit edit;
-        edit.setDictData(m_dict.ptrs);
-        auto* completer = edit.findChild<UxCompleter*>();
-        auto* popup = edit.findChild<QTreeWidget*>();
         const QList<std::tuple<int, QString, bool>> cases{{Qt::Key_Escape, "600", true}, {Qt::Key_Return, "000600", true}, {Qt::Key_Enter, "000600", true}, {Qt::Key_0, "6000", false}};
         for (const auto& [key, text, consumed] : cases) { // key, text after, consumed
             edit.setText("600");
@@ -401,6 +379,7 @@ private slots:
         QMouseEvent click(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         completer->autoSuggest();
         QVERIFY(completer->eventFilter(popup, &click) && !popup->isVisible());
+        // Enter on the keyboard line edit writes its list's choice back and opens nothing.
         QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
         struct : UxKeyBoradLineEdit { using UxKeyBoradLineEdit::setTableData; } lineEdit; // its list starts empty: Enter writes the empty choice back
         lineEdit.setText("600");

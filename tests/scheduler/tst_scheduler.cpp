@@ -69,24 +69,23 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("ops");
         QTest::addColumn<QStringList>("expected"); // names in run order
         QTest::addColumn<bool>("polling"); // the 1 ms poll still ticks at the end
-        QTest::newRow("zero delay, then the poll stops") << QStringList{"a@0#1"} << QStringList{"a"} << false;
-        QTest::newRow("earliest due first") << QStringList{"a@24#1", "b@6#2", "c@15#3"} << QStringList{"b", "c", "a"} << false;
-        QTest::newRow("ties keep order") << QStringList{"a@18#1", "b@6#2", "c@18#3", "d@6#4"} << QStringList{"b", "d", "a", "c"} << false;
-        QTest::newRow("cancel takes the earliest of an id")
-            << QStringList{"late@24#7", "early@8#7", "other@16#8", "-6", "+7"} << QStringList{"other", "late"} << false;
-        QTest::newRow("cancel all until the next schedule") << QStringList{"a@5#1", "b@5#1", "!", "-1", "c@10#3"} << QStringList{"c"} << false;
-        QTest::newRow("abort keeps tasks, stops polling") << QStringList{"a@5#1", "b@5#1", "x"} << QStringList() << false;
-        QTest::newRow("destroyed") << QStringList{"a@5#1", "~"} << QStringList() << false;
-        QTest::newRow("a missed task stays and is polled; later ones run")
-            << QStringList{"missed@5#1", "z30", "later@8#2"} << QStringList{"later"} << true;
+        auto row = [](const char* tag, const QString& ops, const QString& expected, bool polling = false) {
+            QTest::newRow(tag) << ops.split(' ') << expected.split(' ', Qt::SkipEmptyParts) << polling;
+        };
+        row("zero delay, then the poll stops", "a@0#1", "a");
+        row("earliest due first", "a@24#1 b@6#2 c@15#3", "b c a");
+        row("ties keep order", "a@18#1 b@6#2 c@18#3 d@6#4", "b d a c");
+        row("cancel takes the earliest of an id", "late@24#7 early@8#7 other@16#8 -6 +7", "other late");
+        row("cancel all until the next schedule", "a@5#1 b@5#1 ! -1 c@10#3", "c");
+        row("abort keeps tasks, stops polling", "a@5#1 b@5#1 x", "");
+        row("destroyed", "a@5#1 ~", "");
+        row("a missed task stays and is polled; later ones run", "missed@5#1 z30 later@8#2", "later", true);
         // The second task is judged against the moment the poll began, not after the first one's stall.
-        QTest::newRow("a slow callback does not make its peers miss") << QStringList{"a@0#1/z12", "b@0#2", "c@0#3"} << QStringList{"a", "b", "c"} << false;
-        QTest::newRow("a callback aborts: the rest stay, polled but not run")
-            << QStringList{"a@0#1/x", "held@6#2"} << QStringList{"a"} << true;
-        QTest::newRow("callback cancels all") << QStringList{"a@6#1/!", "b@6#2", "c@12#3"} << QStringList{"a"} << false;
-        QTest::newRow("callback cancels all and re-arms")
-            << QStringList{"a@6#1/!/inner@6#1", "b@6#2", "c@12#3"} << QStringList{"a", "inner"} << false;
-        QTest::newRow("callback destroys the scheduler") << QStringList{"a@6#1/~", "b@6#2"} << QStringList{"a"} << false;
+        row("a slow callback does not make its peers miss", "a@0#1/z12 b@0#2 c@0#3", "a b c");
+        row("a callback aborts: the rest stay, polled but not run", "a@0#1/x held@6#2", "a", true);
+        row("callback cancels all", "a@6#1/! b@6#2 c@12#3", "a");
+        row("callback cancels all and re-arms", "a@6#1/!/inner@6#1 b@6#2 c@12#3", "a inner");
+        row("callback destroys the scheduler", "a@6#1/~ b@6#2", "a");
     }
     void queue()
     {
