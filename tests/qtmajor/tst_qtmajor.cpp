@@ -95,13 +95,8 @@ private Q_SLOTS:
         _TableHHeaderData h;
         h.feild = feild;
         QList<_TableData> rows;
-        for (const char* codeAndTime : {"a 10:00:00", "b 09:00:00", " 11:00:00", "c x"}) {
-            const QStringList parts = QString::fromLatin1(codeAndTime).split(QLatin1Char(' '));
-            _TableData r;
-            r.code = parts.at(0);
-            r.values.insert(QStringLiteral("Time"), parts.at(1));
-            rows << r;
-        }
+        for (const auto& [code, time] : {std::pair{"a", "10:00:00"}, {"b", "09:00:00"}, {"", "11:00:00"}, {"c", "x"}})
+            rows << _TableData{0, {}, code, {}, 0, -1, {{QStringLiteral("Time"), time}}};
         UxTableModel model;
         model.setHeaderDatas({h});
         model.setTableData(rows);
@@ -112,20 +107,13 @@ private Q_SLOTS:
         QCOMPARE(got.join(QLatin1Char(' ')), codes);
     }
 
-    void recordsAnswerToTheirShortNames_data()
-    {
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<int>("id");
-        QTest::newRow("TableData") << QByteArray("TableData") << qMetaTypeId<_TableData>();
-        QTest::newRow("SubPageData") << QByteArray("SubPageData") << qMetaTypeId<_SubPageData>();
-        QTest::newRow("TableHHeaderData") << QByteArray("TableHHeaderData") << qMetaTypeId<_TableHHeaderData>();
-        QTest::newRow("Message") << QByteArray("Message") << qMetaTypeId<tagMessage>();
-    }
     void recordsAnswerToTheirShortNames()
     {
-        QFETCH(QByteArray, name);
-        QFETCH(int, id);
-        QCOMPARE(UxQtCompat::metaTypeId(name.constData()), id);
+        const std::pair<const char*, int> ids[] = {{"TableData", qMetaTypeId<_TableData>()},
+            {"SubPageData", qMetaTypeId<_SubPageData>()}, {"TableHHeaderData", qMetaTypeId<_TableHHeaderData>()},
+            {"Message", qMetaTypeId<tagMessage>()}};
+        for (const auto& [name, id] : ids)
+            QVERIFY2(UxQtCompat::metaTypeId(name) == id, name);
     }
 
     // Unpolish, store, polish, then announce: a listener already sees the
