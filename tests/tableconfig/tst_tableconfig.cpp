@@ -25,15 +25,8 @@ QByteArray column(const char* feild, const char* alignment = "AlignCenter")
 // The record column(FEILD, ...) reads as with the colours of kColors.
 _TableHHeaderData record(const QString& feild, Qt::Alignment alignment = Qt::AlignCenter)
 {
-    _TableHHeaderData h;
-    h.text = feild + QStringLiteral(" 列");
-    h.feild = feild;
-    h.isChangeColor = true;
-    h.alignment = alignment;
-    std::tie(h.defaultColor, h.riseColor, h.fallColor, h.suspensionColor, h.defaultBgColor, h.riseBgColor,
-             h.fallBgColor) = std::make_tuple(QColor(0x111111), QColor(0xff0000), QColor(0x00ff00), QColor(0x888888),
-                                              QColor(0xffffff), QColor(0xffeeee), QColor(0xeeffee));
-    return h;
+    return {feild + QStringLiteral(" 列"), feild, true, true, QColor(0x111111), QColor(0xff0000), QColor(0x00ff00),
+            QColor(0x888888), QColor(0xffeeee), QColor(0xeeffee), QColor(0xffffff), QStringLiteral("--"), alignment};
 }
 
 using Columns = QList<_TableHHeaderData>;
@@ -73,14 +66,8 @@ private slots:
         QTest::newRow("array on top") << QByteArray("[1,2]") << Columns{} << QString();
 
         // Missing keys overwrite the defaults but the alignment; flags that are no JSON booleans read as false.
-        _TableHHeaderData bare;
-        bare.isShow = false;
-        bare.defaultValue.clear();
-        for (QColor* c : {&bare.defaultColor, &bare.riseColor, &bare.fallColor, &bare.suspensionColor,
-                          &bare.defaultBgColor, &bare.riseBgColor, &bare.fallBgColor})
-            *c = QColor();
-        _TableHHeaderData odd = bare;
-        odd.feild = QStringLiteral("A");
+        const _TableHHeaderData bare{{}, {}, false, false, {}, {}, {}, {}, {}, {}, {}, {}, Qt::AlignCenter};
+        const _TableHHeaderData odd{{}, "A", false, false, {}, {}, {}, {}, {}, {}, {}, {}, Qt::AlignCenter};
         QTest::newRow("missing keys, odd flags")
             << QByteArray("{\"horizontalHeader\":[{},{\"feild\":\"A\",\"isShow\":\"true\",\"isChangeColor\":1}]}")
             << Columns{bare, odd} << QString();
