@@ -29,25 +29,13 @@ double luminance(const QColor& c)
 }
 
 double contrast(const QColor& a, const QColor& b)
-{
-    const double la = luminance(a), lb = luminance(b);
-    return (qMax(la, lb) + 0.05) / (qMin(la, lb) + 0.05);
-}
+{ return (qMax(luminance(a), luminance(b)) + 0.05) / (qMin(luminance(a), luminance(b)) + 0.05); }
 
 } // namespace
 
 class TstGallery : public QObject
 {
     Q_OBJECT
-
-    // Shows W and waits until its quote page has asked for a first page.
-    QuotesPage* shownQuotesPage(GalleryWindow& w)
-    {
-        w.show();
-        auto* page = qobject_cast<QuotesPage*>(w.pages().at(0).widget);
-        return QTest::qWaitForWindowExposed(&w) && page && QTest::qWaitFor([page] { return page->requestCount() > 0; }, 5000)
-            ? page : nullptr;
-    }
 
 private slots:
     void initTestCase()
@@ -113,13 +101,16 @@ private slots:
     }
 
     // The window registers with the host core; only the requested rows carry quotes, a tick changes and
-    // tints some of them, a header click asks for the block sorted, and the skin switches live.
-    void quotePageAnswersPagesTicksAndSkins()
+    // tints some of them, a header click asks for the block sorted, the skin switches live, and the
+    // ticker's click opens the attention page.
+    void windowAnswersPagesTicksSkinsAndClicks()
     {
         GalleryWindow w;
         QCOMPARE(UxCore::instance()->mainWindow(), &w);
-        QuotesPage* page = shownQuotesPage(w);
-        QVERIFY(page);
+        w.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&w));
+        auto* page = qobject_cast<QuotesPage*>(w.pages().at(0).widget);
+        QTRY_VERIFY_WITH_TIMEOUT(page->requestCount() > 0, 5000);
         const SubPageData request = page->lastRequest();
         const QList<_TableData> before = page->table()->getTableDatas();
         const int outside = request.start + request.count + 5;
@@ -155,11 +146,7 @@ private slots:
         QVERIFY(page->table()->styleSheet().contains(QLatin1String("QTableView")));
         w.switchSkin(QStringLiteral("light"));
         QCOMPARE(w.styleSheet(), light);
-    }
 
-    void tickerClickOpensTheAttentionPage()
-    {
-        GalleryWindow w;
         tagMessage msg;
         msg.msgType = QStringLiteral("2");
         msg.content = QStringLiteral("价格预警");

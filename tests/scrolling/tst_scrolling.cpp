@@ -32,18 +32,11 @@ QScrollBar* overlay(QAbstractItemView* view, char o) // 'V' or 'H'
 // Sends one event of TYPE with plausible contents to TARGET.
 void send(QWidget* target, int type, char way = 'd') // wheel: 'd'own, 'u'p or 's'ideways
 {
-    const QPoint at(5, 5);
-    if (type == QEvent::Wheel) {
-        const QPoint angle(way == 's' ? -120 : 0, way == 'u' ? 120 : -120 * (way == 'd'));
-        QWheelEvent e(at, at, QPoint(), angle, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(target, &e);
-    } else if (type == QEvent::Resize) {
-        QResizeEvent e(target->size(), QSize(1, 1));
-        QCoreApplication::sendEvent(target, &e);
-    } else {
-        QEvent e{QEvent::Type(type)};
-        QCoreApplication::sendEvent(target, &e);
-    }
+    const QPoint at(5, 5), angle(way == 's' ? -120 : 0, way == 'u' ? 120 : -120 * (way == 'd'));
+    QWheelEvent wheel(at, at, QPoint(), angle, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QResizeEvent resize(target->size(), QSize(1, 1));
+    QEvent plain{QEvent::Type(type)};
+    QCoreApplication::sendEvent(target, type == QEvent::Wheel ? &wheel : type == QEvent::Resize ? &resize : &plain);
 }
 
 struct Witness : QObject // records what gets past the filters installed after it
