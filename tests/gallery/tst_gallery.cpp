@@ -1,6 +1,5 @@
-// The gallery as a client runs it: the window registered with the host core,
-// a paging request and a tick through the quote page, skin switches, the
-// ticker's click reaching openStringUrl, and the screenshot mode.
+// The gallery as a client runs it: the window registered with the host core, paging, ticks, sorting and
+// skin switches through the quote page, the ticker's click reaching openStringUrl, and the screenshot mode.
 
 #include "uxtestenv.h"
 

@@ -28,11 +28,10 @@ QByteArray solidPng(const QSize& size, const QColor& colour)
 {
     QImage image(size, QImage::Format_ARGB32);
     image.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
+    QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
-    return bytes;
+    return buffer.data();
 }
 
 // The first piece of a frame with border B whose inside point does not show its colour, or -1.

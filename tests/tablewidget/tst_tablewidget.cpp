@@ -101,13 +101,13 @@ private Q_SLOTS:
                 QVariantList{1000, true, int(Qt::CoarseTimer)});
 
         auto* list = child<QListWidget>(dlg.data(), "listWidget");
-        row("dialog", QStringList{dlg->objectName(), dlg->windowTitle(), list->verticalScrollBar()->objectName()},
+        row("dialog names", QStringList{dlg->objectName(), dlg->windowTitle(), list->verticalScrollBar()->objectName()},
             QStringList{"PRICE_FRAME", "Dialog", "PRICE_LIST_WIDGET_V_SCROLLBAR"});
         row("dialog list expanded", list->verticalScrollBar()->singleStep() == 28
                 && dlg->findChild<UxViewScrollbarExpand*>() && child(list, "UxViewScrollbarExpandV"), true);
-        row("dialog flags, size, modal", QVariantList{int(dlg->windowFlags() & 0x81B), dlg->size(), dlg->isModal()},
-            QVariantList{0x81B, QSize(320, 502), true});
-        row("frames hidden", child(dlg.data(), "fmTop")->isHidden() && child(dlg.data(), "fmBottom")->isHidden(), true);
+        row("dialog flags, size, modal, frames hidden", QVariantList{int(dlg->windowFlags() & 0x81B), dlg->size(),
+            dlg->isModal(), child(dlg.data(), "fmTop")->isHidden() && child(dlg.data(), "fmBottom")->isHidden()},
+            QVariantList{0x81B, QSize(320, 502), true, true});
         for (QString b : {"btnTop||置顶", "btnUp||上移", "btnDown||下移", "btnOK|确定|", "btnCancel|取消|", "btnClose||"}) {
             auto* btn = dlg->findChild<QPushButton*>(b.section(QLatin1Char('|'), 0, 0));
             row(qPrintable(b), btn ? btn->objectName() + '|' + btn->text() + '|' + btn->toolTip() : QString(), b);
@@ -137,16 +137,15 @@ private Q_SLOTS:
         const _SubPageData page{30, 90, QStringLiteral("block-7"), QStringLiteral("Rise"), UxSortDescending};
         const _TableData data{0, QStringLiteral("k"), QStringLiteral("600000"), QStringLiteral("浦发"), 1, 0, {}};
         const QStringList list{"600000", "000001"};
-        const QModelIndex index; // the relay does not look at it
         const std::pair<const char*, std::function<void()>> relayed[] = {
             {SIGNAL(sigSubPages(SubPageData)), [&] { emit view->sigSubPages(page); }},
             {SIGNAL(sigSubPages(QStringList)), [&] { emit view->sigSubPages(list); }},
-            {SIGNAL(sigTableViewClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewClicked(data, index); }},
+            {SIGNAL(sigTableViewClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewClicked(data, QModelIndex()); }},
             {SIGNAL(sigTableViewDoubleClicked(TableData,QModelIndex)),
-             [&] { emit view->sigTableViewDoubleClicked(data, index); }},
+             [&] { emit view->sigTableViewDoubleClicked(data, QModelIndex()); }},
             {SIGNAL(sigSortTableData(SubPageData)), [&] { emit view->sigSortTableData(page); }},
             {SIGNAL(sigCustomContextMenuRequested(TableData,QModelIndex)),
-             [&] { emit view->sigCustomContextMenuRequested(data, index); }}};
+             [&] { emit view->sigCustomContextMenuRequested(data, QModelIndex()); }}};
         std::vector<std::unique_ptr<QSignalSpy>> spies;
         for (const auto& s : relayed)
             spies.emplace_back(new QSignalSpy(&w, s.first));
