@@ -1,5 +1,4 @@
-// High-DPI: every drawn bitmap has a sharp "@2x" sibling, and the shadows
-// pick it on a 200% screen. Runs with QT_SCALE_FACTOR=2.
+// High-DPI: every drawn bitmap has a sharp "@2x" sibling, picked on a 200% screen (QT_SCALE_FACTOR=2).
 #include "uxbaseshadowwidget.h"
 #include "uxmessagebox.h"
 #include "uxscaledpixmap.h"
@@ -17,11 +16,8 @@ const char* const kPieces[] = {"top_left", "left", "bottom_left", "top", "bottom
 // The stand-ins' colours (tst_hidpi.qrc): plain at 100%, inverted in "@2x".
 QColor pieceColour(int piece, bool sharp)
 {
-    static const QColor colours[] = {QColor(255, 0, 0),   QColor(0, 255, 0), QColor(0, 0, 255),
-                                     QColor(255, 255, 0), QColor(0, 255, 255), QColor(255, 0, 255),
-                                     QColor(128, 0, 0),   QColor(0, 128, 0)};
-    const QColor c = colours[piece];
-    return sharp ? QColor(255 - c.red(), 255 - c.green(), 255 - c.blue()) : c;
+    static const QRgb colours[] = {0xff0000, 0x00ff00, 0x0000ff, 0xffff00, 0x00ffff, 0xff00ff, 0x800000, 0x008000};
+    return QColor(sharp ? colours[piece] ^ 0xffffff : colours[piece]);
 }
 
 QByteArray solidPng(const QSize& size, const QColor& colour)

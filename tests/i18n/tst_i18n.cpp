@@ -24,9 +24,8 @@ Q_DECLARE_METATYPE(Factory)
 
 namespace {
 
-// Every text a user can see on W and its children, digits blanked so that
-// clock texts compare across a tick, mnemonics dropped (the file chooser's
-// own buttons gain or lose theirs on a language change).
+// Every text a user can see on W and its children, digits blanked so that clock texts compare across a
+// tick, mnemonics dropped (the file chooser's own buttons gain or lose theirs on a language change).
 QStringList visibleTexts(QWidget* w)
 {
     QStringList texts;
@@ -112,8 +111,7 @@ private slots:
         QTest::newRow("table widget") << Factory([](QWidget*) -> QWidget* { return new UxCustomTableWidget; }) << QString();
     }
 
-    // Widgets made before and after the translator is installed show no
-    // Chinese; removing it brings every original text back.
+    // Widgets made before and after the translator is installed show no Chinese; removing it brings the originals back.
     void followsTranslation()
     {
         QFETCH(Factory, make);

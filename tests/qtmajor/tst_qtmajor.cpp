@@ -1,5 +1,4 @@
-// Behaviour the widgets rely on where Qt 5 and Qt 6 differ underneath; the
-// same rows must pass on both majors.
+// Behaviour the widgets rely on where Qt 5 and Qt 6 differ underneath; the same rows must pass on both majors.
 #include "uxtestenv.h"
 
 #include "uxmessagebox.h"
@@ -11,7 +10,6 @@
 #include "uxtimepopwidget.h"
 
 #include <QDialogButtonBox>
-#include <QMenu>
 #include <QPushButton>
 #include <QTimer>
 
@@ -72,8 +70,7 @@ private Q_SLOTS:
         QCOMPARE(QString::fromLatin1(number.typeName()) + ' ' + number.toString(), key);
     }
 
-    // Qt 6 no longer calls a variant holding an empty string or an invalid
-    // time null; such rows must still sort last both ways.
+    // Qt 6 no longer calls a variant holding an empty string or an invalid time null; such rows still sort last.
     void emptyKeysSortLast_data()
     {
         QTest::addColumn<QString>("feild");
@@ -113,8 +110,7 @@ private Q_SLOTS:
             QVERIFY2(UxQtCompat::metaTypeId(name) == id, name);
     }
 
-    // Unpolish, store, polish, then announce: a listener already sees the
-    // rule of the new state.
+    // Unpolish, store, polish, then announce: a listener already sees the rule of the new state.
     void propertyRulesApplyBeforeTheSignal()
     {
         UxMessageBox box(QStringLiteral("t"), QStringLiteral("x"), QMessageBox::Ok);

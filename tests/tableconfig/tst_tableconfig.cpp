@@ -36,16 +36,14 @@ class TstTableConfig : public QObject
     Q_OBJECT
 
     UxTableDataManager* m = UxTableDataManager::getInstance();
-    QScopedPointer<QTemporaryDir> tmp;
-    QString dir;
+    QScopedPointer<QTemporaryDir> dir;
 
-    QString file(const QString& name, const QByteArray& c) { return UxTest::writeFile(dir + '/' + name, c); }
+    QString file(const QString& name, const QByteArray& c) { return UxTest::writeFile(dir->filePath(name), c); }
 
 private slots:
     void init()
     {
-        tmp.reset(new QTemporaryDir(UxTest::rootDir() + QStringLiteral("/tableconfig-XXXXXX")));
-        dir = tmp->path();
+        dir.reset(new QTemporaryDir(UxTest::rootDir() + QStringLiteral("/tableconfig-XXXXXX")));
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("loadConfig.*fileName is Empty!")));
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("loadConfig.*fileName is Empty!")));
         m->setFileName(QString());
@@ -97,7 +95,7 @@ private slots:
         QFETCH(QByteArray, content);
         QFETCH(Columns, expected);
         QFETCH(QString, log);
-        const QString path = content == "<none>" ? dir + "/t.json" : file(QStringLiteral("t.json"), content);
+        const QString path = content == "<none>" ? dir->filePath("t.json") : file(QStringLiteral("t.json"), content);
         for (int i = 0; i < 2 && !log.isEmpty(); ++i)
             QTest::ignoreMessage(QtDebugMsg, QRegularExpression(log));
         QCOMPARE(m->getTableHeaderData(path), expected);
@@ -152,7 +150,7 @@ private slots:
         QFETCH(Columns, saved);
         QFETCH(Columns, readBack);
         QFETCH(bool, keptAside);
-        const QString user = dir + QStringLiteral("/new/u.json");
+        const QString user = dir->filePath("new/u.json");
         if (!before.isEmpty())
             UxTest::writeFile(user, before);
         m->setUserFileName(user);
