@@ -47,8 +47,7 @@ private Q_SLOTS:
         QTest::newRow("UxCustomTableWidget") << g + "Quote table" << false;
     }
 
-    // What Designer shows and writes for each widget, and the widget made as
-    // Designer makes it: from a parent alone, with no host skin.
+    // What Designer shows and writes for each widget, and the widget made as Designer makes it: parent only, no skin.
     void widget()
     {
         QFETCH(QString, group);

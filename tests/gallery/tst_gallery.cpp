@@ -65,8 +65,8 @@ private slots:
         QVERIFY(prices.size() > 400 && std::is_sorted(prices.rbegin(), prices.rend()));
     }
 
-    // The column file's tints under each skin: untouched on the white table; on
-    // the dark ones a dim tint of the same hue under a brighter, legible price.
+    // The column file's tints per skin: untouched on the white table; on dark ones a dim tint of the same hue
+    // under a brighter, legible price.
     void tintsReadOnEverySkin_data()
     {
         QTest::addColumn<QString>("skin");
@@ -127,8 +127,7 @@ private slots:
         const int requests = page->requestCount();
         auto* view = page->table()->findChild<QTableView*>(QStringLiteral("tableView"));
         QVERIFY(view);
-        // Column 3 is the last price ("Now") in the shipped template.
-        const int x = view->horizontalHeader()->sectionViewportPosition(3) + 5;
+        const int x = view->horizontalHeader()->sectionViewportPosition(3) + 5; // "Now" in the shipped template
         QTest::mouseClick(view->horizontalHeader()->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(x, 5));
         QTRY_VERIFY_WITH_TIMEOUT(page->requestCount() > requests, 5000);
         const QList<_TableData> rows = page->table()->getTableDatas();

@@ -90,9 +90,8 @@ private slots:
             return box;
         }) << QStringLiteral("确定");
         // A child: the change reaches it through its parent.
-        QTest::newRow("calendar") << Factory([](QWidget* holder) -> QWidget* {
-            return new UxCalendarTimeWidget(holder, false, true);
-        }) << QStringLiteral("现在");
+        QTest::newRow("calendar") << Factory([](QWidget* holder) -> QWidget* { return new UxCalendarTimeWidget(holder, false, true); })
+                                  << QStringLiteral("现在");
         QTest::newRow("setting dialog") << Factory([](QWidget*) -> QWidget* {
             auto* dlg = new UxSettingDialog;
             dlg->setTitle(0, QStringLiteral("Quotes"));
@@ -122,8 +121,8 @@ private slots:
         QVERIFY(original.join(QLatin1Char('|')).contains(chineseText));
 
         QTranslator english;
-        QVERIFY(english.load(QStringLiteral("uicomponents_en"), QStringLiteral(UX_TRANSLATIONS_DIR)));
-        QVERIFY(QCoreApplication::installTranslator(&english));
+        QVERIFY(english.load(QStringLiteral("uicomponents_en"), QStringLiteral(UX_TRANSLATIONS_DIR))
+                && QCoreApplication::installTranslator(&english));
         QCoreApplication::sendPostedEvents();
         std::unique_ptr<QWidget> after(make(&holder));
         QCOMPARE(chinese(visibleTexts(before.get())), QStringList());

@@ -86,13 +86,11 @@ private Q_SLOTS:
         QFETCH(QString, feild);
         QFETCH(int, order);
         QFETCH(QString, codes);
-        _TableHHeaderData h;
-        h.feild = feild;
         QList<_TableData> rows;
         for (const auto& [code, time] : {std::pair{"a", "10:00:00"}, {"b", "09:00:00"}, {"", "11:00:00"}, {"c", "x"}})
             rows << _TableData{0, {}, code, {}, 0, -1, {{QStringLiteral("Time"), time}}};
         UxTableModel model;
-        model.setHeaderDatas({h});
+        model.setHeaderDatas({_TableHHeaderData{QString(), feild}});
         model.setTableData(rows);
         model.sort(0, Qt::SortOrder(order));
         QStringList got;

@@ -59,6 +59,7 @@ class TstTableWidget : public QObject
 
     const QString m_templateDir = QCoreApplication::applicationDirPath() + QStringLiteral("/config/");
     QStringList m_created;
+    UxTableDataManager* const manager = UxTableDataManager::getInstance();
 
     void writeTemplate(const QString& name, const QByteArray& c)
     { m_created << UxTest::writeFile(m_templateDir + name, c); }
@@ -140,12 +141,11 @@ private Q_SLOTS:
         const std::pair<const char*, std::function<void()>> relayed[] = {
             {SIGNAL(sigSubPages(SubPageData)), [&] { emit view->sigSubPages(page); }},
             {SIGNAL(sigSubPages(QStringList)), [&] { emit view->sigSubPages(list); }},
-            {SIGNAL(sigTableViewClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewClicked(data, QModelIndex()); }},
-            {SIGNAL(sigTableViewDoubleClicked(TableData,QModelIndex)),
-             [&] { emit view->sigTableViewDoubleClicked(data, QModelIndex()); }},
+            {SIGNAL(sigTableViewClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewClicked(data, {}); }},
+            {SIGNAL(sigTableViewDoubleClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewDoubleClicked(data, {}); }},
             {SIGNAL(sigSortTableData(SubPageData)), [&] { emit view->sigSortTableData(page); }},
             {SIGNAL(sigCustomContextMenuRequested(TableData,QModelIndex)),
-             [&] { emit view->sigCustomContextMenuRequested(data, QModelIndex()); }}};
+             [&] { emit view->sigCustomContextMenuRequested(data, {}); }}};
         std::vector<std::unique_ptr<QSignalSpy>> spies;
         for (const auto& s : relayed)
             spies.emplace_back(new QSignalSpy(&w, s.first));
@@ -159,11 +159,9 @@ private Q_SLOTS:
         }
     }
 
-    // The user file replaces the template; the one-file overload and the dialog
-    // read from the application's "config/" and leave the manager alone.
+    // The user file replaces the template; the one-file overload and the dialog read "config/", the manager untouched.
     void columnFilesAndTheirFolders()
     {
-        UxTableDataManager* manager = UxTableDataManager::getInstance();
         UxTest::writeFile(userFile(), columnFile({"Index", "Code", "Name", "Amount"}, {"Code"}));
         UxCustomTableWidget w;
         QCOMPARE(feildsOf(manager->getTableHeaderData()), QStringList({"Index", "Code", "Name", "Amount"}));
@@ -212,8 +210,7 @@ private Q_SLOTS:
         QCOMPARE(w.blockId(), QStringLiteral("hs-b"));
     }
 
-    // The dialog drops down under the button, applies and saves every change at
-    // once (Cancel does not undo them) and saves the final list on OK, changed or not.
+    // The dialog drops down under the button, applies and saves each change at once (Cancel keeps them); OK always saves.
     void settingsFlow_data()
     {
         QTest::addColumn<int>("x");
@@ -236,7 +233,6 @@ private Q_SLOTS:
         QFETCH(QString, button);
         QFETCH(QStringList, expected);
         QFETCH(bool, saved);
-        UxTableDataManager* manager = UxTableDataManager::getInstance();
         UxCustomTableWidget w;
         w.move(x, 100);
         w.setSettingBtnVisible(true);
