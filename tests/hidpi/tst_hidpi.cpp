@@ -1,5 +1,4 @@
-// High-DPI: every drawn bitmap has a sharp "@2x" sibling, and the shadows
-// pick it on a 200% screen. Runs with QT_SCALE_FACTOR=2.
+// High-DPI: every drawn bitmap has a sharp "@2x" sibling, picked on a 200% screen (QT_SCALE_FACTOR=2).
 #include "uxbaseshadowwidget.h"
 #include "uxmessagebox.h"
 #include "uxscaledpixmap.h"
@@ -17,41 +16,29 @@ const char* const kPieces[] = {"top_left", "left", "bottom_left", "top", "bottom
 // The stand-ins' colours (tst_hidpi.qrc): plain at 100%, inverted in "@2x".
 QColor pieceColour(int piece, bool sharp)
 {
-    static const QColor colours[] = {QColor(255, 0, 0),   QColor(0, 255, 0), QColor(0, 0, 255),
-                                     QColor(255, 255, 0), QColor(0, 255, 255), QColor(255, 0, 255),
-                                     QColor(128, 0, 0),   QColor(0, 128, 0)};
-    const QColor c = colours[piece];
-    return sharp ? QColor(255 - c.red(), 255 - c.green(), 255 - c.blue()) : c;
+    static const QRgb colours[] = {0xff0000, 0x00ff00, 0x0000ff, 0xffff00, 0x00ffff, 0xff00ff, 0x800000, 0x008000};
+    return QColor(sharp ? colours[piece] ^ 0xffffff : colours[piece]);
 }
 
 QByteArray solidPng(const QSize& size, const QColor& colour)
 {
     QImage image(size, QImage::Format_ARGB32);
     image.fill(colour);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
+    QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
-    return bytes;
+    return buffer.data();
 }
 
-// Logical points inside each piece of a W x H frame with border B, in kPieces order.
-QPoint pieceProbe(int piece, int w, int h, int b)
-{
-    const int mx = w / 2, my = h / 2, lo = b / 2, hx = w - b / 2 - 1, hy = h - b / 2 - 1;
-    const QPoint probes[] = {{lo, lo}, {lo, my}, {lo, hy}, {mx, lo}, {mx, hy}, {hx, my}, {hx, lo}, {hx, hy}};
-    return probes[piece];
-}
-
-// The first piece whose probe does not show EXPECTED, or -1.
+// The first piece of a frame with border B whose inside point does not show its colour, or -1.
 int wrongPiece(const QImage& image, qreal ratio, int b, bool sharp)
 {
     const int w = qRound(image.width() / ratio), h = qRound(image.height() / ratio);
-    for (int i = 0; i < 8; ++i) {
-        const QPoint p = pieceProbe(i, w, h, b) * ratio;
-        if (image.pixelColor(p).rgb() != pieceColour(i, sharp).rgb())
+    const int mx = w / 2, my = h / 2, lo = b / 2, hx = w - b / 2 - 1, hy = h - b / 2 - 1;
+    const QPoint probes[] = {{lo, lo}, {lo, my}, {lo, hy}, {mx, lo}, {mx, hy}, {hx, my}, {hx, lo}, {hx, hy}}; // kPieces
+    for (int i = 0; i < 8; ++i)
+        if (image.pixelColor(probes[i] * ratio).rgb() != pieceColour(i, sharp).rgb())
             return i;
-    }
     return -1;
 }
 
@@ -100,11 +87,12 @@ private slots:
     // The frame draws into whatever device it is given: the device's ratio picks the file.
     void shadowFrame_data()
     {
-        QTest::addColumn<qreal>("ratio");
+        QTest::addColumn<qreal>("ratio"); // 0: grabbed on the 200% screen, with a wider border
         QTest::addColumn<bool>("sharp");
         QTest::newRow("100% image") << 1.0 << false;
         QTest::newRow("200% image") << 2.0 << true;
         QTest::newRow("150% image") << 1.5 << true;
+        QTest::newRow("200% screen") << 0.0 << true;
     }
     void shadowFrame()
     {
@@ -113,22 +101,17 @@ private slots:
         UxBaseShadowWidget frame;
         frame.resize(120, 90);
         QImage image(frame.size() * ratio, QImage::Format_ARGB32_Premultiplied);
-        image.setDevicePixelRatio(ratio);
-        image.fill(Qt::transparent);
-        QPainter painter(&image);
-        frame.drawFrame(&painter);
-        painter.end();
-        QCOMPARE(wrongPiece(image, ratio, 8, sharp), -1);
-    }
-
-    void shadowFrameOnScreen()
-    {
-        UxBaseShadowWidget frame;
-        frame.setWindowBorderWidth(12);
-        frame.resize(120, 90);
-        const QImage image = frame.grab().toImage();
-        QCOMPARE(image.size(), QSize(240, 180));
-        QCOMPARE(wrongPiece(image, 2.0, 12, true), -1);
+        if (ratio) {
+            image.setDevicePixelRatio(ratio);
+            image.fill(Qt::transparent);
+            QPainter painter(&image);
+            frame.drawFrame(&painter);
+        } else {
+            frame.setWindowBorderWidth(12);
+            image = frame.grab().toImage();
+            QCOMPARE(image.size(), QSize(240, 180));
+        }
+        QCOMPARE(wrongPiece(image, ratio ? ratio : 2, ratio ? 8 : 12, sharp), -1);
     }
 
     // The message box reads its pieces from the skin; a skin without "@2x" files still gets its plain ones.

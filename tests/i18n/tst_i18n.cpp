@@ -24,9 +24,8 @@ Q_DECLARE_METATYPE(Factory)
 
 namespace {
 
-// Every text a user can see on W and its children, digits blanked so that
-// clock texts compare across a tick, mnemonics dropped (the file chooser's
-// own buttons gain or lose theirs on a language change).
+// Every text a user can see on W and its children, digits blanked so that clock texts compare across a
+// tick, mnemonics dropped (the file chooser's own buttons gain or lose theirs on a language change).
 QStringList visibleTexts(QWidget* w)
 {
     QStringList texts;
@@ -40,18 +39,16 @@ QStringList visibleTexts(QWidget* w)
             texts << b->text();
         if (auto* e = qobject_cast<QLineEdit*>(c))
             texts << e->text() << e->placeholderText();
-        if (auto* box = qobject_cast<QComboBox*>(c)) {
+        if (auto* box = qobject_cast<QComboBox*>(c))
             for (int i = 0; i < box->count(); ++i)
                 texts << box->itemText(i);
-        }
         for (QAction* a : c->actions())
             texts << a->text();
     }
     // The weekday captions live in the day grid's first row.
-    if (auto* grid = w->findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview"))) {
+    if (auto* grid = w->findChild<QTableView*>(QStringLiteral("qt_calendar_calendarview")))
         for (int col = 0; col < grid->model()->columnCount(); ++col)
             texts << grid->model()->index(0, col).data().toString();
-    }
     texts.replaceInStrings(QRegularExpression(QStringLiteral("\\d")), QStringLiteral("0"));
     texts.replaceInStrings(QStringLiteral("&"), QString());
     return texts;
@@ -93,34 +90,27 @@ private slots:
             return box;
         }) << QStringLiteral("确定");
         // A child: the change reaches it through its parent.
-        QTest::newRow("calendar") << Factory([](QWidget* holder) -> QWidget* {
-            return new UxCalendarTimeWidget(holder, false, true);
-        }) << QStringLiteral("现在");
+        QTest::newRow("calendar") << Factory([](QWidget* holder) -> QWidget* { return new UxCalendarTimeWidget(holder, false, true); })
+                                  << QStringLiteral("现在");
         QTest::newRow("setting dialog") << Factory([](QWidget*) -> QWidget* {
             auto* dlg = new UxSettingDialog;
             dlg->setTitle(0, QStringLiteral("Quotes"));
             return dlg;
         }) << QStringLiteral("置顶");
-        QTest::newRow("mini clock") << Factory([](QWidget*) -> QWidget* {
-            auto* clock = new UxMiniClockPannel;
-            clock->slotUpdateDt();
-            return clock;
-        })
-                                    << QStringLiteral("北京");
-        QTest::newRow("mini clock, host names") << Factory([](QWidget*) -> QWidget* {
-            auto* clock = new UxMiniClockPannel;
-            clock->setTimeZoneMap({{9, QStringLiteral("Tokyo")}, {-5, QStringLiteral("New York")}});
-            clock->slotUpdateDt();
-            return clock;
-        }) << QStringLiteral("小时钟");
+        for (bool hostNames : {false, true})
+            QTest::newRow(hostNames ? "mini clock, host names" : "mini clock") << Factory([hostNames](QWidget*) -> QWidget* {
+                auto* clock = new UxMiniClockPannel;
+                if (hostNames)
+                    clock->setTimeZoneMap({{9, QStringLiteral("Tokyo")}, {-5, QStringLiteral("New York")}});
+                clock->slotUpdateDt();
+                return clock;
+            }) << QString::fromUtf8(hostNames ? "小时钟" : "北京");
         QTest::newRow("file dialog open") << fileDialog(QFileDialog::AcceptOpen) << QStringLiteral("文件选择框");
         QTest::newRow("file dialog save") << fileDialog(QFileDialog::AcceptSave) << QStringLiteral("文件保存框");
-        QTest::newRow("table widget") << Factory([](QWidget*) -> QWidget* { return new UxCustomTableWidget; })
-                                      << QString();
+        QTest::newRow("table widget") << Factory([](QWidget*) -> QWidget* { return new UxCustomTableWidget; }) << QString();
     }
 
-    // Widgets made before and after the translator is installed show no
-    // Chinese; removing it brings every original text back.
+    // Widgets made before and after the translator is installed show no Chinese; removing it brings the originals back.
     void followsTranslation()
     {
         QFETCH(Factory, make);
@@ -131,8 +121,8 @@ private slots:
         QVERIFY(original.join(QLatin1Char('|')).contains(chineseText));
 
         QTranslator english;
-        QVERIFY(english.load(QStringLiteral("uicomponents_en"), QStringLiteral(UX_TRANSLATIONS_DIR)));
-        QVERIFY(QCoreApplication::installTranslator(&english));
+        QVERIFY(english.load(QStringLiteral("uicomponents_en"), QStringLiteral(UX_TRANSLATIONS_DIR))
+                && QCoreApplication::installTranslator(&english));
         QCoreApplication::sendPostedEvents();
         std::unique_ptr<QWidget> after(make(&holder));
         QCOMPARE(chinese(visibleTexts(before.get())), QStringList());

@@ -14,19 +14,13 @@ namespace {
 QList<_TableHHeaderData> bigList(int columns, const QString& tag)
 {
     QList<_TableHHeaderData> list;
-    for (int i = 0; i < columns; ++i) {
-        list.append(_TableHHeaderData());
-        list.last().text = QStringLiteral("%1 列 %2").arg(tag).arg(i);
-        list.last().feild = QStringLiteral("%1Field%2").arg(tag).arg(i);
-        list.last().isShow = i % 3;
-    }
+    for (int i = 0; i < columns; ++i)
+        list.append({QStringLiteral("%1 列 %2").arg(tag).arg(i), QStringLiteral("%1Field%2").arg(tag).arg(i), i % 3 != 0});
     return list;
 }
 
 const QList<_TableHHeaderData> kA = bigList(6000, QStringLiteral("A"));
 const QList<_TableHHeaderData> kB = bigList(4000, QStringLiteral("B"));
-
-void quiet(QtMsgType, const QMessageLogContext&, const QString&) {}
 
 } // namespace
 
@@ -107,7 +101,7 @@ int main(int argc, char* argv[])
     // The child mode runs before any test set-up: it saves A and B in turn until it is killed.
     if (argc == 3 && qstrcmp(argv[1], "--save-loop") == 0) {
         QCoreApplication app(argc, argv);
-        qInstallMessageHandler(quiet);
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
         UxTableDataManager* m = UxTableDataManager::getInstance();
         m->setUserFileName(QString::fromLocal8Bit(argv[2]));
         std::puts("ready");

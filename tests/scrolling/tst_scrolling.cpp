@@ -32,18 +32,11 @@ QScrollBar* overlay(QAbstractItemView* view, char o) // 'V' or 'H'
 // Sends one event of TYPE with plausible contents to TARGET.
 void send(QWidget* target, int type, char way = 'd') // wheel: 'd'own, 'u'p or 's'ideways
 {
-    const QPoint at(5, 5);
-    if (type == QEvent::Wheel) {
-        const QPoint angle(way == 's' ? -120 : 0, way == 'u' ? 120 : -120 * (way == 'd'));
-        QWheelEvent e(at, at, QPoint(), angle, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(target, &e);
-    } else if (type == QEvent::Resize) {
-        QResizeEvent e(target->size(), QSize(1, 1));
-        QCoreApplication::sendEvent(target, &e);
-    } else {
-        QEvent e{QEvent::Type(type)};
-        QCoreApplication::sendEvent(target, &e);
-    }
+    const QPoint at(5, 5), angle(way == 's' ? -120 : 0, way == 'u' ? 120 : -120 * (way == 'd'));
+    QWheelEvent wheel(at, at, QPoint(), angle, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QResizeEvent resize(target->size(), QSize(1, 1));
+    QEvent plain{QEvent::Type(type)};
+    QCoreApplication::sendEvent(target, type == QEvent::Wheel ? &wheel : type == QEvent::Resize ? &resize : &plain);
 }
 
 struct Witness : QObject // records what gets past the filters installed after it
@@ -87,37 +80,53 @@ private Q_SLOTS:
     }
 
     // The overlays replace the view's bars: hidden at first, on the edges below the header, synced both ways.
+    // The filter on another object passes its events on; the view may die first, or be absent.
     void overlaysReplaceTheViewsBars()
     {
         QStandardItemModel model(50, 3);
-        QTableView view;
-        view.setModel(&model);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        const int top = view.horizontalHeader()->height();
-        UxViewScrollbarExpand expand(&view);
-        QCOMPARE(QVariantList({view.verticalScrollBarPolicy(), view.horizontalScrollBarPolicy(),
-                               view.verticalScrollMode(), view.horizontalScrollMode(), view.hasMouseTracking()}),
+        auto view = std::make_unique<QTableView>();
+        view->setModel(&model);
+        view->show();
+        QVERIFY(QTest::qWaitForWindowExposed(view.get()));
+        const int top = view->horizontalHeader()->height();
+        UxViewScrollbarExpand expand(view.get());
+        QCOMPARE(QVariantList({view->verticalScrollBarPolicy(), view->horizontalScrollBarPolicy(),
+                               view->verticalScrollMode(), view->horizontalScrollMode(), view->hasMouseTracking()}),
                  QVariantList({Qt::ScrollBarAlwaysOff, Qt::ScrollBarAlwaysOff, QAbstractItemView::ScrollPerItem,
                                QAbstractItemView::ScrollPerItem, true}));
         QCOMPARE(expand.scollbarStyle(), QStringLiteral(
             "QScrollBar:vertical{background:rgba(126,154,248,0.2);}QScrollBar::handle:vertical{background:#C1C1C1;}"
             "QScrollBar:horizontal {            background:rgba(126,154,248,0.2);}                                  "
             "QScrollBar::handle:horizontal {    background:#C1C1C1;}"));
-        QScrollBar* v = overlay(&view, 'V');
-        QVERIFY(v->isHidden() && overlay(&view, 'H')->isHidden() && !v->hasTracking());
+        QScrollBar* v = overlay(view.get(), 'V');
+        QVERIFY(v->isHidden() && overlay(view.get(), 'H')->isHidden() && !v->hasTracking());
         for (const QSize& s : {QSize(240, 180), QSize(300, 220)}) {
-            view.resize(s);
+            view->resize(s);
             QCOMPARE(v->geometry(), QRect(s.width() - 8, top, 8, s.height() - top));
-            QCOMPARE(overlay(&view, 'H')->geometry(), QRect(0, s.height() - 8, s.width() - 8, 8));
+            QCOMPARE(overlay(view.get(), 'H')->geometry(), QRect(0, s.height() - 8, s.width() - 8, 8));
         }
-        QCOMPARE(v->maximum(), view.verticalScrollBar()->maximum());
+        QCOMPARE(v->maximum(), view->verticalScrollBar()->maximum());
         v->setValue(7);
-        QCOMPARE(view.verticalScrollBar()->value(), 7);
-        view.verticalScrollBar()->setValue(3);
+        QCOMPARE(view->verticalScrollBar()->value(), 7);
+        view->verticalScrollBar()->setValue(3);
         QCOMPARE(v->value(), 3);
-        overlay(&view, 'H')->setValue(1);
-        QCOMPARE(view.horizontalScrollBar()->value(), 1);
+        overlay(view.get(), 'H')->setValue(1);
+        QCOMPARE(view->horizontalScrollBar()->value(), 1);
+        QWidget other;
+        Witness witness;
+        other.installEventFilter(&witness);
+        other.installEventFilter(&expand);
+        for (int type : {QEvent::Enter, QEvent::Leave, QEvent::Resize})
+            send(&other, type);
+        QCOMPARE(witness.seen, QList<int>({QEvent::Enter, QEvent::Leave, QEvent::Resize}));
+        expand.setScrollbarStayTime(50);
+        send(view.get(), QEvent::Enter);
+        view.reset();
+        UxTest::spin(100);
+        expand.HideScrollBar();
+        expand.InitView();
+        UxViewScrollbarExpand none(nullptr);
+        none.InitView();
     }
 
     // What shows the overlays and where the wheel takes the view: by 20 with the fixed bound 101 on the
@@ -219,28 +228,6 @@ private Q_SLOTS:
             }
         }
         QFAIL("the overlay never hid");
-    }
-
-    // The filter on another object passes its events on; the view may die first, or be absent.
-    void oddUses()
-    {
-        auto list = makeList(100);
-        UxViewScrollbarExpand expand(list.get());
-        QWidget other;
-        Witness witness;
-        other.installEventFilter(&witness);
-        other.installEventFilter(&expand);
-        for (int type : {QEvent::Enter, QEvent::Leave, QEvent::Resize})
-            send(&other, type);
-        QCOMPARE(witness.seen, QList<int>({QEvent::Enter, QEvent::Leave, QEvent::Resize}));
-        expand.setScrollbarStayTime(50);
-        send(list.get(), QEvent::Enter);
-        list.reset();
-        UxTest::spin(100);
-        expand.HideScrollBar();
-        expand.InitView();
-        UxViewScrollbarExpand none(nullptr);
-        none.InitView();
     }
 };
 

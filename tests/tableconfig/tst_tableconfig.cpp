@@ -12,9 +12,7 @@ const QByteArray kColors = "\"defaultColor\":\"#111111\",\"riseColor\":\"#ff0000
                            "\"fallBgColor\":\"#eeffee\",";
 
 QByteArray table(const QByteArray& columns, const QByteArray& colors = kColors)
-{
-    return "{" + colors + "\"horizontalHeader\":[" + columns + "]}";
-}
+{ return "{" + colors + "\"horizontalHeader\":[" + columns + "]}"; }
 
 QByteArray column(const char* feild, const char* alignment = "AlignCenter")
 {
@@ -25,15 +23,8 @@ QByteArray column(const char* feild, const char* alignment = "AlignCenter")
 // The record column(FEILD, ...) reads as with the colours of kColors.
 _TableHHeaderData record(const QString& feild, Qt::Alignment alignment = Qt::AlignCenter)
 {
-    _TableHHeaderData h;
-    h.text = feild + QStringLiteral(" 列");
-    h.feild = feild;
-    h.isChangeColor = true;
-    h.alignment = alignment;
-    std::tie(h.defaultColor, h.riseColor, h.fallColor, h.suspensionColor, h.defaultBgColor, h.riseBgColor,
-             h.fallBgColor) = std::make_tuple(QColor(0x111111), QColor(0xff0000), QColor(0x00ff00), QColor(0x888888),
-                                              QColor(0xffffff), QColor(0xffeeee), QColor(0xeeffee));
-    return h;
+    return {feild + QStringLiteral(" 列"), feild, true, true, QColor(0x111111), QColor(0xff0000), QColor(0x00ff00),
+            QColor(0x888888), QColor(0xffeeee), QColor(0xeeffee), QColor(0xffffff), QStringLiteral("--"), alignment};
 }
 
 using Columns = QList<_TableHHeaderData>;
@@ -45,16 +36,14 @@ class TstTableConfig : public QObject
     Q_OBJECT
 
     UxTableDataManager* m = UxTableDataManager::getInstance();
-    QScopedPointer<QTemporaryDir> tmp;
-    QString dir;
+    QScopedPointer<QTemporaryDir> dir;
 
-    QString file(const QString& name, const QByteArray& c) { return UxTest::writeFile(dir + '/' + name, c); }
+    QString file(const QString& name, const QByteArray& c) { return UxTest::writeFile(dir->filePath(name), c); }
 
 private slots:
     void init()
     {
-        tmp.reset(new QTemporaryDir(UxTest::rootDir() + QStringLiteral("/tableconfig-XXXXXX")));
-        dir = tmp->path();
+        dir.reset(new QTemporaryDir(UxTest::rootDir() + QStringLiteral("/tableconfig-XXXXXX")));
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("loadConfig.*fileName is Empty!")));
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("loadConfig.*fileName is Empty!")));
         m->setFileName(QString());
@@ -73,14 +62,8 @@ private slots:
         QTest::newRow("array on top") << QByteArray("[1,2]") << Columns{} << QString();
 
         // Missing keys overwrite the defaults but the alignment; flags that are no JSON booleans read as false.
-        _TableHHeaderData bare;
-        bare.isShow = false;
-        bare.defaultValue.clear();
-        for (QColor* c : {&bare.defaultColor, &bare.riseColor, &bare.fallColor, &bare.suspensionColor,
-                          &bare.defaultBgColor, &bare.riseBgColor, &bare.fallBgColor})
-            *c = QColor();
-        _TableHHeaderData odd = bare;
-        odd.feild = QStringLiteral("A");
+        const _TableHHeaderData bare{{}, {}, false, false, {}, {}, {}, {}, {}, {}, {}, {}, Qt::AlignCenter};
+        const _TableHHeaderData odd{{}, "A", false, false, {}, {}, {}, {}, {}, {}, {}, {}, Qt::AlignCenter};
         QTest::newRow("missing keys, odd flags")
             << QByteArray("{\"horizontalHeader\":[{},{\"feild\":\"A\",\"isShow\":\"true\",\"isChangeColor\":1}]}")
             << Columns{bare, odd} << QString();
@@ -112,7 +95,7 @@ private slots:
         QFETCH(QByteArray, content);
         QFETCH(Columns, expected);
         QFETCH(QString, log);
-        const QString path = content == "<none>" ? dir + "/t.json" : file(QStringLiteral("t.json"), content);
+        const QString path = content == "<none>" ? dir->filePath("t.json") : file(QStringLiteral("t.json"), content);
         for (int i = 0; i < 2 && !log.isEmpty(); ++i)
             QTest::ignoreMessage(QtDebugMsg, QRegularExpression(log));
         QCOMPARE(m->getTableHeaderData(path), expected);
@@ -123,11 +106,9 @@ private slots:
     void whichListIsRead()
     {
         m->setFileName(file(QStringLiteral("t.json"), table(column("A") + "," + column("B"))));
-        // An empty user list falls back to the template; a non-empty one replaces it wholesale.
+        // An empty user list falls back to the template (a non-empty one replaces it, see the widget's suite).
         m->setUserFileName(file(QStringLiteral("e.json"), table(QByteArray())));
         QCOMPARE(m->getTableHeaderData().size(), 2);
-        m->setUserFileName(file(QStringLiteral("u.json"), table(column("C"))));
-        QCOMPARE(m->getTableHeaderData(), Columns{record("C")});
         // Without a user file a save still takes, in memory.
         QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("fileName is Empty!")));
         m->setUserFileName(QString());
@@ -169,7 +150,7 @@ private slots:
         QFETCH(Columns, saved);
         QFETCH(Columns, readBack);
         QFETCH(bool, keptAside);
-        const QString user = dir + QStringLiteral("/new/u.json");
+        const QString user = dir->filePath("new/u.json");
         if (!before.isEmpty())
             UxTest::writeFile(user, before);
         m->setUserFileName(user);

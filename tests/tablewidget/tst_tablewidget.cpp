@@ -59,6 +59,7 @@ class TstTableWidget : public QObject
 
     const QString m_templateDir = QCoreApplication::applicationDirPath() + QStringLiteral("/config/");
     QStringList m_created;
+    UxTableDataManager* const manager = UxTableDataManager::getInstance();
 
     void writeTemplate(const QString& name, const QByteArray& c)
     { m_created << UxTest::writeFile(m_templateDir + name, c); }
@@ -101,13 +102,13 @@ private Q_SLOTS:
                 QVariantList{1000, true, int(Qt::CoarseTimer)});
 
         auto* list = child<QListWidget>(dlg.data(), "listWidget");
-        row("dialog", QStringList{dlg->objectName(), dlg->windowTitle(), list->verticalScrollBar()->objectName()},
+        row("dialog names", QStringList{dlg->objectName(), dlg->windowTitle(), list->verticalScrollBar()->objectName()},
             QStringList{"PRICE_FRAME", "Dialog", "PRICE_LIST_WIDGET_V_SCROLLBAR"});
         row("dialog list expanded", list->verticalScrollBar()->singleStep() == 28
                 && dlg->findChild<UxViewScrollbarExpand*>() && child(list, "UxViewScrollbarExpandV"), true);
-        row("dialog flags, size, modal", QVariantList{int(dlg->windowFlags() & 0x81B), dlg->size(), dlg->isModal()},
-            QVariantList{0x81B, QSize(320, 502), true});
-        row("frames hidden", child(dlg.data(), "fmTop")->isHidden() && child(dlg.data(), "fmBottom")->isHidden(), true);
+        row("dialog flags, size, modal, frames hidden", QVariantList{int(dlg->windowFlags() & 0x81B), dlg->size(),
+            dlg->isModal(), child(dlg.data(), "fmTop")->isHidden() && child(dlg.data(), "fmBottom")->isHidden()},
+            QVariantList{0x81B, QSize(320, 502), true, true});
         for (QString b : {"btnTop||置顶", "btnUp||上移", "btnDown||下移", "btnOK|确定|", "btnCancel|取消|", "btnClose||"}) {
             auto* btn = dlg->findChild<QPushButton*>(b.section(QLatin1Char('|'), 0, 0));
             row(qPrintable(b), btn ? btn->objectName() + '|' + btn->text() + '|' + btn->toolTip() : QString(), b);
@@ -137,16 +138,14 @@ private Q_SLOTS:
         const _SubPageData page{30, 90, QStringLiteral("block-7"), QStringLiteral("Rise"), UxSortDescending};
         const _TableData data{0, QStringLiteral("k"), QStringLiteral("600000"), QStringLiteral("浦发"), 1, 0, {}};
         const QStringList list{"600000", "000001"};
-        const QModelIndex index; // the relay does not look at it
         const std::pair<const char*, std::function<void()>> relayed[] = {
             {SIGNAL(sigSubPages(SubPageData)), [&] { emit view->sigSubPages(page); }},
             {SIGNAL(sigSubPages(QStringList)), [&] { emit view->sigSubPages(list); }},
-            {SIGNAL(sigTableViewClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewClicked(data, index); }},
-            {SIGNAL(sigTableViewDoubleClicked(TableData,QModelIndex)),
-             [&] { emit view->sigTableViewDoubleClicked(data, index); }},
+            {SIGNAL(sigTableViewClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewClicked(data, {}); }},
+            {SIGNAL(sigTableViewDoubleClicked(TableData,QModelIndex)), [&] { emit view->sigTableViewDoubleClicked(data, {}); }},
             {SIGNAL(sigSortTableData(SubPageData)), [&] { emit view->sigSortTableData(page); }},
             {SIGNAL(sigCustomContextMenuRequested(TableData,QModelIndex)),
-             [&] { emit view->sigCustomContextMenuRequested(data, index); }}};
+             [&] { emit view->sigCustomContextMenuRequested(data, {}); }}};
         std::vector<std::unique_ptr<QSignalSpy>> spies;
         for (const auto& s : relayed)
             spies.emplace_back(new QSignalSpy(&w, s.first));
@@ -160,11 +159,9 @@ private Q_SLOTS:
         }
     }
 
-    // The user file replaces the template; the one-file overload and the dialog
-    // read from the application's "config/" and leave the manager alone.
+    // The user file replaces the template; the one-file overload and the dialog read "config/", the manager untouched.
     void columnFilesAndTheirFolders()
     {
-        UxTableDataManager* manager = UxTableDataManager::getInstance();
         UxTest::writeFile(userFile(), columnFile({"Index", "Code", "Name", "Amount"}, {"Code"}));
         UxCustomTableWidget w;
         QCOMPARE(feildsOf(manager->getTableHeaderData()), QStringList({"Index", "Code", "Name", "Amount"}));
@@ -213,8 +210,7 @@ private Q_SLOTS:
         QCOMPARE(w.blockId(), QStringLiteral("hs-b"));
     }
 
-    // The dialog drops down under the button, applies and saves every change at
-    // once (Cancel does not undo them) and saves the final list on OK, changed or not.
+    // The dialog drops down under the button, applies and saves each change at once (Cancel keeps them); OK always saves.
     void settingsFlow_data()
     {
         QTest::addColumn<int>("x");
@@ -237,7 +233,6 @@ private Q_SLOTS:
         QFETCH(QString, button);
         QFETCH(QStringList, expected);
         QFETCH(bool, saved);
-        UxTableDataManager* manager = UxTableDataManager::getInstance();
         UxCustomTableWidget w;
         w.move(x, 100);
         w.setSettingBtnVisible(true);
