@@ -3,15 +3,12 @@
 
 #include "uxmessagebox.h"
 #include "uxmessagedefines.h"
-#include "uxminiclockpannel.h"
 #include "uxqtcompat.h"
 #include "uxtabledefines.h"
-#include "uxtablemodel.h"
 #include "uxtimepopwidget.h"
 
 #include <QDialogButtonBox>
 #include <QPushButton>
-#include <QTimer>
 
 #include <ctime>
 
@@ -51,54 +48,6 @@ private Q_SLOTS:
         QCOMPARE(on.join(QLatin1Char(' ')), enabled);
     }
 
-    void sortKeyTypes_data()
-    {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("key"); // type and value
-        QTest::newRow("wan") << QString::fromUtf8("1.50万") << "qulonglong 15000";
-        QTest::newRow("yi") << QString::fromUtf8("2.5亿") << "qulonglong 250000000";
-        QTest::newRow("wan without point") << QString::fromUtf8("12万") << "double 0";
-        QTest::newRow("percent") << "-3.5%" << "double -3.5";
-        QTest::newRow("unit before the number") << QString::fromUtf8("万1.5万") << "qulonglong 15000";
-        QTest::newRow("empty") << QString() << "double 0";
-    }
-    void sortKeyTypes()
-    {
-        QFETCH(QString, text);
-        QFETCH(QString, key);
-        const QVariant number = UxTableModel::toNumber(text);
-        QCOMPARE(QString::fromLatin1(number.typeName()) + ' ' + number.toString(), key);
-    }
-
-    // Qt 6 no longer calls a variant holding an empty string or an invalid time null; such rows still sort last.
-    void emptyKeysSortLast_data()
-    {
-        QTest::addColumn<QString>("feild");
-        QTest::addColumn<int>("order");
-        QTest::addColumn<QString>("codes");
-        QTest::newRow("time up") << "Time" << int(Qt::AscendingOrder) << "b a - c";
-        QTest::newRow("time down") << "Time" << int(Qt::DescendingOrder) << "- a b c";
-        QTest::newRow("code up") << "Code" << int(Qt::AscendingOrder) << "a b c -";
-        QTest::newRow("code down") << "Code" << int(Qt::DescendingOrder) << "c b a -";
-    }
-    void emptyKeysSortLast()
-    {
-        QFETCH(QString, feild);
-        QFETCH(int, order);
-        QFETCH(QString, codes);
-        QList<_TableData> rows;
-        for (const auto& [code, time] : {std::pair{"a", "10:00:00"}, {"b", "09:00:00"}, {"", "11:00:00"}, {"c", "x"}})
-            rows << _TableData{0, {}, code, {}, 0, -1, {{QStringLiteral("Time"), time}}};
-        UxTableModel model;
-        model.setHeaderDatas({_TableHHeaderData{QString(), feild}});
-        model.setTableData(rows);
-        model.sort(0, Qt::SortOrder(order));
-        QStringList got;
-        for (const _TableData& r : model.tableDatas())
-            got << (r.code.isEmpty() ? QStringLiteral("-") : r.code);
-        QCOMPARE(got.join(QLatin1Char(' ')), codes);
-    }
-
     void recordsAnswerToTheirShortNames()
     {
         const std::pair<const char*, int> ids[] = {{"TableData", qMetaTypeId<_TableData>()},
@@ -132,18 +81,6 @@ private Q_SLOTS:
         const QString cancel = box.findChild<QDialogButtonBox*>(QStringLiteral("BtnBox"))->button(QDialogButtonBox::No)->text();
         QCOMPARE(UxQtCompat::toGbk(cancel), QByteArray::fromHex("c8a1cffb"));
         QCOMPARE(UxQtCompat::fromGbk(QByteArray::fromHex("c8a1cffb")), cancel);
-    }
-
-    void textFormConnectionsAndNames()
-    {
-        UxMiniClockPannel clock;
-        for (const char* name : {"settingPushButton", "closeBushButton", "timeLabel", "dateLabel", "zoneMenu"})
-            QVERIFY2(clock.findChild<QObject*>(QLatin1String(name)), name);
-        // Disconnecting by the same text succeeds only where that connection exists.
-        int connected = 0;
-        for (QTimer* timer : clock.findChildren<QTimer*>())
-            connected += QObject::disconnect(timer, "2timeout()", &clock, "1slotUpdateDt()") ? 1 : 0;
-        QCOMPARE(connected, 1);
     }
 };
 

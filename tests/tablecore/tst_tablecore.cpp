@@ -336,8 +336,8 @@ private Q_SLOTS:
                 out << QStringLiteral("%1 %2").arg(QLatin1String(UxTableModel::toNumber(t).typeName()), UxTableModel::toNumber(t).toString());
             return list(out);
         };
-        QTest::newRow("units") << keys({"1.20亿", "9.90万", "12345.5万", "-1.50万"})
-                               << list({"qulonglong 120000000", "qulonglong 99000", "qulonglong 123455000", "qulonglong 18446744073709536616"});
+        QTest::newRow("units") << keys({"1.20亿", "9.90万", "12345.5万", "-1.50万", "万1.5万"})
+                               << list({"qulonglong 120000000", "qulonglong 99000", "qulonglong 123455000", "qulonglong 18446744073709536616", "qulonglong 15000"});
         QTest::newRow("percents") << keys({"12.5%", "3%", "-2.5%", "%"}) << list({"double 12.5", "double 3", "double -2.5", "double 0"});
         QTest::newRow("a unit needs digits, a point and digits") << keys({"12万", "5.万", "１.５万", "1.2.3万", "约1.5万", "7.5.1亿", "1.5亿2.5万"})
             << list({"double 0", "double 0", "double 0", "qulonglong 0", "qulonglong 0", "qulonglong 0", "qulonglong 0"});
