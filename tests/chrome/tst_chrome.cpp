@@ -3,6 +3,7 @@
 // frameless helpers, the sliding stacked widget and the flow layout.
 
 #include "uxtestenv.h"
+#include "rows.h"
 
 #include "framelesshelper.h"
 #include "uxanimationstackedwidget.h"
@@ -128,7 +129,7 @@ private Q_SLOTS:
 
     void contract_data()
     {
-        QTest::addColumn<QVariant>("actual"); QTest::addColumn<QVariant>("expected");
+        Rows::actualExpected();
         static FramelessHelper helper;
         QTest::newRow("border width 5, title height 30") << QVariant(QVariantList{helper.borderWidth(), helper.titleHeight()}) << QVariant(QVariantList{5u, 30u});
         QTest::newRow("movable, resizable") << QVariant(helper.widgetMovable() && helper.widgetResizable()) << QVariant(true);
@@ -156,11 +157,7 @@ private Q_SLOTS:
         QTest::newRow("shadow flags replaced") << QVariant(int(shadow.windowFlags())) << QVariant(int(Qt::FramelessWindowHint));
         QTest::newRow("shadow translucent") << QVariant(shadow.testAttribute(Qt::WA_TranslucentBackground)) << QVariant(true);
     }
-    void contract()
-    {
-        QFETCH(QVariant, actual);
-        QTEST(actual, "expected");
-    }
+    void contract() { Rows::compareActual(); }
 
     void skinning()
     {

@@ -1,7 +1,7 @@
 // Date and time widgets seen from outside. "Today" is read from the clock the widgets read.
 
 #include "uxtestenv.h"
-#include "popups_rows.h"
+#include "rows.h"
 
 #include "uxcalendartimeedit.h"
 #include "uxcalendartimewidget.h"

@@ -1,5 +1,5 @@
 #include "uxtestenv.h"
-#include "popups_rows.h"
+#include "rows.h"
 
 #include "uxfiledialog.h"
 #include "uxmessagebox.h"
@@ -38,6 +38,7 @@ QAbstractButton* boxButton(QWidget* box, int b) { return box->findChild<QDialogB
 
 using Rows::cell;
 using Rows::child;
+using Rows::row;
 QFileDialog* chooser(QWidget* dlg) { return dlg->findChild<QFileDialog*>(); }
 bool click(QWidget* dlg, const QString& name) { return child(dlg, name) && (child(dlg, name)->click(), true); }
 
@@ -60,8 +61,7 @@ private Q_SLOTS:
 
     void contract_data()
     {
-        Rows::columns<QVariant>({"actual", "expected"});
-        auto row = [](const QString& tag, const QVariant& actual, const QVariant& expected) { QTest::newRow(qPrintable(tag)) << actual << expected; };
+        Rows::actualExpected();
         QWidget owner;
         UxMessageBox box(&owner);
         UxFileDialog dlg(&owner);

@@ -2,6 +2,7 @@
 // filter tool button.
 
 #include "uxtestenv.h"
+#include "rows.h"
 
 #include "uxanimationstackedwidget.h"
 #include "uxbottomlabel.h"
@@ -108,7 +109,7 @@ private Q_SLOTS:
 
     void contract_data()
     {
-        QTest::addColumn<QVariant>("actual"); QTest::addColumn<QVariant>("expected");
+        Rows::actualExpected();
         static UxLoopLabels ticker;
         QTest::newRow("ticker name") << QVariant(ticker.objectName()) << QVariant(QStringLiteral("UxLoopLabels"));
         QTest::newRow("4000 ms coarse roll") << QVariant::fromValue(rollTimer(&ticker)) << QVariant::fromValue(qMakePair(4000, int(Qt::CoarseTimer)));
@@ -135,11 +136,7 @@ private Q_SLOTS:
         QTest::newRow("link name") << QVariant(indent.linkLabel()->objectName()) << QVariant(QStringLiteral("linkLabel"));
         QTest::newRow("link not hidden") << QVariant(indent.linkLabel()->isHidden()) << QVariant(false);
     }
-    void contract()
-    {
-        QFETCH(QVariant, actual);
-        QTEST(actual, "expected");
-    }
+    void contract() { Rows::compareActual(); }
 
     void timerSettings_data()
     {

@@ -1,5 +1,5 @@
 #include "uxtestenv.h"
-#include "popups_rows.h"
+#include "rows.h"
 
 #include "datadelegate.h"
 #include "datamodel.h"
@@ -70,6 +70,7 @@ struct OverlayScene
 };
 
 using Rows::cell;
+using Rows::row;
 
 } // namespace
 
@@ -85,8 +86,7 @@ private slots:
     // What clients and skins rely on: names, signatures, defaults, the completer's wait.
     void contract_data()
     {
-        Rows::columns<QVariant>({"actual", "expected"});
-        auto row = [](const char* tag, const QVariant& actual, const QVariant& expected) { QTest::newRow(tag) << actual << expected; };
+        Rows::actualExpected();
         QuickMacroView v;
         UxNewSearchLineEdit search;
         auto* timer = search.findChild<QTimer*>();

@@ -2,6 +2,7 @@
 // (actual, expected) built in the _data functions.
 
 #include "uxtestenv.h"
+#include "rows.h"
 
 #include "datamodel.h"
 #include "quickmacroview.h"
@@ -136,20 +137,8 @@ void clickSection(QHeaderView* header, int section)
     QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, at);
 }
 
-void addColumns()
-{
-    QTest::addColumn<QVariant>("actual");
-    QTest::addColumn<QVariant>("expected");
-}
-
-void compareRow()
-{
-    QFETCH(QVariant, actual);
-    QFETCH(QVariant, expected);
-    QCOMPARE(actual.userType(), expected.userType());
-    QCOMPARE(actual.toStringList(), expected.toStringList());
-    QCOMPARE(actual, expected);
-}
+using Rows::actualExpected;
+using Rows::compareActual;
 
 } // namespace
 
@@ -161,7 +150,7 @@ private Q_SLOTS:
     // What clients and skins rely on, the tint timers (single-shot, coarse, 1000 ms) among it.
     void contract_data()
     {
-        addColumns();
+        actualExpected();
         UxTableView view;
         QTableView* frozen = view.frozenView();
         QStringList timers, methods;
@@ -194,12 +183,12 @@ private Q_SLOTS:
         QTest::newRow("column defaults") << QVariant(QVariantList{h.defaultValue, h.isShow, h.isChangeColor, int(h.alignment)})
                                          << QVariant(QVariantList{"--", true, false, int(Qt::AlignCenter)});
     }
-    void contract() { compareRow(); }
+    void contract() { compareActual(); }
 
     // One cell of row 2 of a one-column model, per role.
     void cellData_data()
     {
-        addColumns();
+        actualExpected();
         auto cell = [](const _TableHHeaderData& h, const Values& values, int role, int riseFall = 0) {
             UxTableModel model;
             QList<_TableData> rows = makeRows(3);
@@ -233,7 +222,7 @@ private Q_SLOTS:
         QTest::newRow("colour switched off") << cell(column("Now", false), now("10"), colour) << QVariant();
         QTest::newRow("empty value") << cell(column("Now", true), now(""), colour) << QVariant();
     }
-    void cellData() { compareRow(); }
+    void cellData() { compareActual(); }
 
     void sortStatesAndArrows()
     {
@@ -329,7 +318,7 @@ private Q_SLOTS:
     // Each key as "type value".
     void sortKeys_data()
     {
-        addColumns();
+        actualExpected();
         auto keys = [](const QStringList& texts) {
             QStringList out;
             for (const QString& t : texts)
@@ -343,12 +332,12 @@ private Q_SLOTS:
             << list({"double 0", "double 0", "double 0", "qulonglong 0", "qulonglong 0", "qulonglong 0", "qulonglong 0"});
         QTest::newRow("plain") << keys({"abc", "-17.25", ""}) << list({"double 0", "double -17.25", "double 0"});
     }
-    void sortKeys() { compareRow(); }
+    void sortKeys() { compareActual(); }
 
     // Each code is also the row's amount; empty codes and unreadable times end up last.
     void sortExamples_data()
     {
-        addColumns();
+        actualExpected();
         auto sorted = [](int col, int order, const QStringList& codes) {
             const Values times = {{"300", "10:00:00"}, {"", "junk"}, {"100", "09:30:00"}, {"200", "14:59:59"}};
             QList<_TableData> rows;
@@ -371,12 +360,12 @@ private Q_SLOTS:
         QTest::newRow("letters and digits") << sorted(1, 0, {"b2", "10", "a1", "9"}) << list({"10", "9", "a1", "b2"});
         QTest::newRow("column past the end") << sorted(13, 0, {"2", "1"}) << list({"2", "1"});
     }
-    void sortExamples() { compareRow(); }
+    void sortExamples() { compareActual(); }
 
     // Row 1 after one update: the price shown, the timers running and the tinted cells.
     void tintConditions_data()
     {
-        addColumns();
+        actualExpected();
         auto tints = [](bool enabled, bool pageChanged, const QString& price, int riseFall, int nowColumn) {
             UxTableModel model;
             QList<_TableHHeaderData> cols = quoteColumns();
@@ -397,7 +386,7 @@ private Q_SLOTS:
         QTest::newRow("neither rise nor fall") << tints(true, false, "5.01", 2, 3) << list({"5.01", "1"});
         QTest::newRow("price in frozen column 2") << tints(true, false, "5.01", 0, 2) << list({"5.01", "1"});
     }
-    void tintConditions() { compareRow(); }
+    void tintConditions() { compareActual(); }
 
     // Each update takes an idle timer; a time-out clears the oldest pending row, again while rows are pending.
     void tintTimers()
@@ -466,10 +455,11 @@ private Q_SLOTS:
         QVERIFY(keptSorts > 1);
     }
 
-    // Hits (full, missing, short), then groups "命令" (one string, two, none) and "功能" (two strings).
+    // Hits (full, missing, short), then groups "命令" (one string, two, none) and "功能" (two strings);
+    // the group rows' other columns are the quick-macro suite's.
     void quickMacroRows_data()
     {
-        addColumns();
+        actualExpected();
         quickMacroItem full{{"沪A", "600000", "浦发银行", "PFYH"}, "view://stock"}, shortOne{{"short"}, {}};
         DataModel model;
         QSignalSpy reset(&model, &QAbstractItemModel::modelReset);
@@ -487,16 +477,13 @@ private Q_SLOTS:
         QTest::newRow("hit") << row(0) << list({"", "600000", "浦发银行", "沪A"});
         QTest::newRow("missing hit") << row(1) << list({"", "-", "-", "-"});
         QTest::newRow("short hit") << row(2) << list({"", "-", "-", "short"});
-        QTest::newRow("group entry, one string") << row(3) << list({"", "打开", "-", "命令"});
-        QTest::newRow("group entry, two strings") << row(4) << list({"", "61", "沪A涨幅排名", "命令"});
         QTest::newRow("empty entry") << row(5) << list({"", "-", "-", "命令"});
-        QTest::newRow("second group") << row(6) << list({"", "F10", "资料", "功能"});
         QTest::newRow("past the end") << row(7) << list({"-", "-", "-", "-"});
         QTest::newRow("other roles") << QVariant(QVariantList{model.data(model.index(4, 1), Qt::TextAlignmentRole), model.data(model.index(0, 1), Qt::ToolTipRole),
                                                               model.data(QModelIndex(), Qt::TextAlignmentRole), model.data(model.index(4, 0), Qt::UserRole)})
                                      << QVariant(QVariantList{129, QVariant(), QVariant(), "命令"});
     }
-    void quickMacroRows() { compareRow(); }
+    void quickMacroRows() { compareActual(); }
 
     void quickMacroModelContract()
     {
@@ -564,7 +551,7 @@ private Q_SLOTS:
     // Default section size, widths in the main and frozen view ("-": hidden there), column count.
     void columnWidths_data()
     {
-        addColumns();
+        actualExpected();
         auto widths = [](int width, int columns, int hiddenInList) {
             UxTableView view;
             view.resize(width, 600);
@@ -585,7 +572,7 @@ private Q_SLOTS:
         QTest::newRow("two columns") << widths(1400, 2, 0) << list({"1335", "60/60", "1335/1335", "2"});
         QTest::newRow("one column") << widths(1400, 1, 0) << list({"80", "60/60", "1"});
     }
-    void columnWidths() { compareRow(); }
+    void columnWidths() { compareActual(); }
 
     // Scrolling asks for three screens of rows (P rows each) around the top row.
     void requestsFollowScrollBarAndHeader()
@@ -684,7 +671,7 @@ private Q_SLOTS:
     // then, and the vertical value after scrolling to a frozen and to another cell.
     void moveCursorAndScrollTo_data()
     {
-        addColumns();
+        actualExpected();
         auto move = [](bool left, int scrolled, int current) {
             ProbeView view;
             view.setHHeaderData(quoteColumns(30));
@@ -706,12 +693,12 @@ private Q_SLOTS:
         QTest::newRow("target in frozen columns") << move(true, 2, 3) << QVariant(QVariantList{2, 2, 50, 0});
         QTest::newRow("moving right") << move(false, 3, 2) << QVariant(QVariantList{3, 3, 50, 0});
     }
-    void moveCursorAndScrollTo() { compareRow(); }
+    void moveCursorAndScrollTo() { compareActual(); }
 
     // The codes' last digits after one edit of rows 0..3, then the row count.
     void rowEdits_data()
     {
-        addColumns();
+        actualExpected();
         auto edit = [](char op, int row, bool flag, const char* code) {
             UxTableView view;
             view.setHHeaderData(quoteColumns()), view.slotCreateTableData(makeRows(4));
@@ -734,7 +721,7 @@ private Q_SLOTS:
         QTest::newRow("down at bottom") << edit('d', 3, false, "600003") << QVariant("01234");
         QTest::newRow("down negative") << edit('d', -1, false, "600003") << QVariant("01234");
     }
-    void rowEdits() { compareRow(); }
+    void rowEdits() { compareActual(); }
 
     void scrollBarsKeysClicksUpdatesAndFrozenView()
     {

@@ -1,6 +1,7 @@
 // The exported quote table widget and its column-settings dialog, alone and as the widget drives it.
 
 #include "uxtestenv.h"
+#include "rows.h"
 
 #include "uxcustomtablewidget.h"
 #include "uxsettingdialog.h"
@@ -82,9 +83,8 @@ private Q_SLOTS:
     // What clients and skins rely on, in one place.
     void contract_data()
     {
-        QTest::addColumn<QVariant>("actual");
-        QTest::addColumn<QVariant>("expected");
-        auto row = [](const char* n, const QVariant& a, const QVariant& e) { QTest::newRow(n) << a << e; };
+        Rows::actualExpected();
+        using Rows::row;
         UxTest::writeSkin(QStringLiteral("t"), {{QStringLiteral("quote/customtable.css"), QByteArray("QFrame { }")},
                                                 {QStringLiteral("quote/settingdlg.css"), QByteArray("QDialog { }")}});
         UxCore::instance()->setCurrentSkin(QStringLiteral("t"));
@@ -123,12 +123,7 @@ private Q_SLOTS:
         for (const char* m : {"slotValueChanged(int)", "slotHorizentalValueChanged(int)"})
             row(m, UxViewScrollbarExpand::staticMetaObject.indexOfMethod(m) >= 0, true);
     }
-    void contract()
-    {
-        QFETCH(QVariant, actual);
-        QFETCH(QVariant, expected);
-        QCOMPARE(actual, expected);
-    }
+    void contract() { Rows::compareActual(); }
 
     // Every signal of the view reaches the widget's of the same signature, once.
     void relaysEverySignalOnce()
