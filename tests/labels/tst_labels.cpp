@@ -116,7 +116,7 @@ private Q_SLOTS:
         QTest::newRow("1000 ms slide") << QVariant(stackOf(&ticker)->getDuration()) << QVariant(1000);
         QTest::newRow("linear slide") << QVariant(int(slideOf(&ticker)->easingCurve().type())) << QVariant(int(QEasingCurve::Linear));
         QTest::newRow("stack minimum width") << QVariant(stackOf(&ticker)->minimumWidth()) << QVariant(200);
-        QTest::newRow("record type name") << QVariant(QByteArray(QMetaType::typeName(qMetaTypeId<tagMessage>()))) << QVariant(QByteArray("Message"));
+        QTest::newRow("record type name") << QVariant(QByteArray(QVariant::fromValue(tagMessage()).typeName())) << QVariant(QByteArray("Message"));
         QTest::newRow("colours start invalid") << QVariant(ticker.normalColor().isValid() || ticker.importColor().isValid() || ticker.urgencyColor().isValid()) << QVariant(false);
         const QMetaObject &loop = UxLoopLabels::staticMetaObject, &line = UxBottomLabel::staticMetaObject;
         for (const char* p : {"normalColor", "importColor", "urgencyColor"})

@@ -96,7 +96,7 @@ private Q_SLOTS:
         row("widget, button hidden", QVariantList{w.objectName(), child(&w, "settingBtn")->isHidden()},
             QVariantList{QStringLiteral("UxCustomTableWidget"), true});
         const QList<QTimer*> timers = child<UxTableView>(&w, "tableView")->model()->findChildren<QTimer*>();
-        row("tint timers", timers.size(), 10);
+        row("tint timers", int(timers.size()), 10);
         for (QTimer* t : timers)
             row("tint timer", QVariantList{t->interval(), t->isSingleShot(), int(t->timerType())},
                 QVariantList{1000, true, int(Qt::CoarseTimer)});
