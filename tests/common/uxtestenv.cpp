@@ -1,12 +1,6 @@
 #include "uxtestenv.h"
 
-#include <QCursor>
-#include <QDir>
-#include <QEventLoop>
-#include <QFile>
-#include <QFileInfo>
-#include <QMouseEvent>
-#include <QTimer>
+#include <QtGui>
 
 namespace UxTest {
 

@@ -7,10 +7,6 @@
 
 #include <uxcore/uxcore.h>
 
-#include <QByteArray>
-#include <QMap>
-#include <QString>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <functional>

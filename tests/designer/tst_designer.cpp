@@ -1,10 +1,5 @@
 #include <QtUiPlugin/QDesignerCustomWidgetCollectionInterface>
 
-#include <QFile>
-#include <QPluginLoader>
-#include <QPointer>
-#include <QRegularExpression>
-#include <QXmlStreamReader>
 #include <QtTest>
 
 static QStringList g_warnings;

@@ -10,11 +10,7 @@
 #include <uicomponents/uxcustomtablewidget.h>
 #include <uicomponents/uxlooplabels.h>
 
-#include <QDir>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QImage>
-#include <QTableView>
+#include <QtWidgets>
 
 #include <cmath>
 

@@ -4,10 +4,7 @@
 #include "uxscaledpixmap.h"
 #include "uxtestenv.h"
 
-#include <QBuffer>
-#include <QDirIterator>
-#include <QImage>
-#include <QPainter>
+#include <QtWidgets>
 
 namespace {
 

@@ -7,14 +7,7 @@
 #include "uxminiclockpannel.h"
 #include "uxsettingdialog.h"
 
-#include <QAbstractButton>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QRegularExpression>
-#include <QTableView>
-#include <QTranslator>
+#include <QtWidgets>
 
 #include <functional>
 #include <memory>

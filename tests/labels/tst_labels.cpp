@@ -140,9 +140,8 @@ private Q_SLOTS:
 
     void timerSettings_data()
     {
-        QTest::addColumn<int>("call"); // what is done to a stopped ticker
-        QTest::addColumn<int>("interval"); // -1: stopped
-        QTest::addColumn<int>("resumed"); // after barMsgEnable(true)
+        // What is done to a stopped ticker, then the interval (-1: stopped) and the one after barMsgEnable(true).
+        Rows::columns<int>({"call", "interval", "resumed"});
         QTest::newRow("show") << 0 << 4000 << 4000;
         QTest::newRow("barMsgEnable(true)") << 1 << 4000 << 4000;
         QTest::newRow("setTimerStatus(true)") << 2 << 3000 << 3000;

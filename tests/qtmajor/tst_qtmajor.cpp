@@ -7,8 +7,7 @@
 #include "uxtabledefines.h"
 #include "uxtimepopwidget.h"
 
-#include <QDialogButtonBox>
-#include <QPushButton>
+#include <QtWidgets>
 
 #include <ctime>
 

@@ -5,13 +5,7 @@
 #include "uxscrollarea.h"
 #include "uxviewscrollbarexpand.h"
 
-#include <QHeaderView>
-#include <QLabel>
-#include <QListWidget>
-#include <QScrollBar>
-#include <QStandardItemModel>
-#include <QTableView>
-#include <QWheelEvent>
+#include <QtWidgets>
 
 
 namespace {

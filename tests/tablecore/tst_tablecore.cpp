@@ -10,10 +10,7 @@
 #include "uxtablemodel.h"
 #include "uxtableview.h"
 
-#include <QHeaderView>
-#include <QPainter>
-#include <QScrollBar>
-#include <QStandardItemModel>
+#include <QtWidgets>
 
 namespace {
 
@@ -137,8 +134,7 @@ void clickSection(QHeaderView* header, int section)
     QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, at);
 }
 
-using Rows::actualExpected;
-using Rows::compareActual;
+using namespace Rows;
 
 } // namespace
 
@@ -455,8 +451,7 @@ private Q_SLOTS:
         QVERIFY(keptSorts > 1);
     }
 
-    // Hits (full, missing, short), then groups "命令" (one string, two, none) and "功能" (two strings);
-    // the group rows' other columns are the quick-macro suite's.
+    // Hits (full, missing, short), an empty group entry and past the end; other group entries are the quick-macro suite's.
     void quickMacroRows_data()
     {
         actualExpected();

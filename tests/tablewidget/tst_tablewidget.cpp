@@ -9,11 +9,7 @@
 #include "uxtableview.h"
 #include "uxviewscrollbarexpand.h"
 
-#include <QApplication>
-#include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
-#include <QScrollBar>
+#include <QtWidgets>
 
 
 namespace {
@@ -49,8 +45,7 @@ QStringList feildsOf(const Columns& list, bool shownOnly = false)
 QString userFile(const QString& name = QStringLiteral("userhsstocktable.json"))
 { return UxCfg::instance()->path(QString()) + QLatin1Char('/') + name; }
 
-template <typename T = QWidget>
-T* child(QObject* parent, const char* name) { return parent->findChild<T*>(QLatin1String(name)); }
+using Rows::child; // by object name (or text), a push button unless said otherwise
 
 } // namespace
 
@@ -105,9 +100,9 @@ private Q_SLOTS:
         row("dialog names", QStringList{dlg->objectName(), dlg->windowTitle(), list->verticalScrollBar()->objectName()},
             QStringList{"PRICE_FRAME", "Dialog", "PRICE_LIST_WIDGET_V_SCROLLBAR"});
         row("dialog list expanded", list->verticalScrollBar()->singleStep() == 28
-                && dlg->findChild<UxViewScrollbarExpand*>() && child(list, "UxViewScrollbarExpandV"), true);
+                && dlg->findChild<UxViewScrollbarExpand*>() && child<QWidget>(list, "UxViewScrollbarExpandV"), true);
         row("dialog flags, size, modal, frames hidden", QVariantList{int(dlg->windowFlags() & 0x81B), dlg->size(),
-            dlg->isModal(), child(dlg.data(), "fmTop")->isHidden() && child(dlg.data(), "fmBottom")->isHidden()},
+            dlg->isModal(), child<QWidget>(dlg.data(), "fmTop")->isHidden() && child<QWidget>(dlg.data(), "fmBottom")->isHidden()},
             QVariantList{0x81B, QSize(320, 502), true, true});
         for (QString b : {"btnTop||置顶", "btnUp||上移", "btnDown||下移", "btnOK|确定|", "btnCancel|取消|", "btnClose||"}) {
             auto* btn = dlg->findChild<QPushButton*>(b.section(QLatin1Char('|'), 0, 0));
@@ -179,8 +174,7 @@ private Q_SLOTS:
     void columnVisibility_data()
     {
         QTest::addColumn<int>("column");
-        QTest::addColumn<bool>("frozenPart");
-        QTest::addColumn<bool>("hidden"); // in the part addressed; the other part never changes
+        Rows::columns<bool>({"frozenPart", "hidden"}); // hidden: in the part addressed; the other part never changes
         QTest::newRow("first") << 0 << false << true;
         QTest::newRow("last") << 6 << false << true;
         QTest::newRow("past the end") << 7 << false << false;
@@ -209,8 +203,7 @@ private Q_SLOTS:
     void settingsFlow_data()
     {
         QTest::addColumn<int>("x");
-        QTest::addColumn<QString>("change");
-        QTest::addColumn<QString>("button");
+        Rows::columns<QString>({"change", "button"});
         QTest::addColumn<QStringList>("expected"); // shown columns afterwards
         QTest::addColumn<bool>("saved");
         QTest::newRow("OK unchanged saves") << 300 << "" << "btnOK" << kTemplate << true;
