@@ -9,7 +9,7 @@
 // A task polled more than 2 ms late is dropped by design, and a loaded machine can stall the
 // poll that long. So every tick of the scheduler's own timer is timed: an attempt proves
 // nothing, and is repeated, when before the last task fell due its ticks lay more than 2 ms
-// apart, the first one came more than 1 ms after the scheduling (its poll may read the clock
+// apart, the first one came more than 1 ms after the poll started (its poll may read the clock
 // a little later), or the ticks stopped early. Any other attempt must give exactly the
 // expected runs, so a wrong scheduler fails at once, or after 15 s of misses at worst.
 class TstScheduler : public QObject
@@ -19,6 +19,8 @@ class TstScheduler : public QObject
     QStringList m_ran;
     QTimer* m_timer = nullptr; // the scheduler's poll, seen on its first tick
     qint64 m_last = 0, m_worst = 0, m_until = 0; // gaps count until the last due time has passed
+    qint64 m_firstAt = 0, m_firstEnd = 0; // the clock as the first tick began and as its poll returned
+    bool m_watchFirst = false; // read m_firstEnd (not with callbacks that destroy the scheduler)
     int m_ticks = 0;
     bool m_fresh = true; // no tick since the clock was reset
 
@@ -28,8 +30,13 @@ class TstScheduler : public QObject
     {
         const auto* at = reinterpret_cast<const char*>(o), *s = reinterpret_cast<const char*>(m_s.get());
         if (e->type() == QEvent::Timer && m_s && at >= s && at < s + sizeof(UxScheduler)) { // a member timer
-            m_timer = static_cast<QTimer*>(o);
             const qint64 now = QDateTime::currentMSecsSinceEpoch();
+            if (!m_timer && m_watchFirst) { // connected after the poll, so this runs as the poll returns
+                m_firstAt = now;
+                connect(static_cast<QTimer*>(o), &QTimer::timeout, this,
+                        [this] { m_firstEnd = m_firstEnd ? m_firstEnd : QDateTime::currentMSecsSinceEpoch(); });
+            }
+            m_timer = static_cast<QTimer*>(o);
             m_worst = m_last <= m_until ? qMax(m_worst, now - m_last + m_fresh) : m_worst;
             m_last = now, m_fresh = false;
             ++m_ticks;
@@ -62,7 +69,7 @@ class TstScheduler : public QObject
 
 private Q_SLOTS:
     void initTestCase() { qApp->installEventFilter(this); }
-    void cleanup() { m_s.reset(); }
+    void cleanup() { m_s.reset(), m_watchFirst = false; }
 
     void queue_data()
     {
@@ -96,8 +103,14 @@ private Q_SLOTS:
         for (spent.start(); spent.elapsed() < 15000;) {
             m_s = std::make_unique<UxScheduler>(), m_ran.clear(), m_timer = nullptr, m_worst = m_until = 0;
             resetClock();
-            for (const QString& op : ops)
+            bool idle = true; // the poll is stopped
+            for (const QString& op : ops) {
                 exec(op);
+                // Time the first tick from the poll's (re)start, not from the slower ops before it.
+                if (idle && op.contains('@'))
+                    resetClock(), idle = false;
+                idle = idle || op == "!" || op == "x";
+            }
             UxTest::spinUntil([&] { return m_ran.size() >= expected.size(); }, 200);
             UxTest::spin(10);
             m_ticks = 0;
@@ -111,6 +124,44 @@ private Q_SLOTS:
             return;
         }
         QFAIL("every attempt for 15 s stalled");
+    }
+
+    // The 2 ms catch window on both sides: the loop is held until the clock reads the due time
+    // plus HOLD, so the overdue poll ticks at once. An attempt counts only when the whole first
+    // poll read that one millisecond.
+    void window_data()
+    {
+        QTest::addColumn<int>("hold");
+        QTest::addColumn<int>("ranOn"); // the tick that ran the task: 1 the first, 2 a later one, 0 none
+        QTest::newRow("2 ms early: runs") << -2 << 1;
+        QTest::newRow("3 ms early: waits for a later tick") << -3 << 2;
+        QTest::newRow("2 ms late: runs") << 2 << 1;
+        QTest::newRow("3 ms late: missed for good") << 3 << 0;
+    }
+    void window()
+    {
+        QFETCH(int, hold);
+        QFETCH(int, ranOn);
+        QElapsedTimer spent;
+        m_watchFirst = true;
+        for (spent.start(); spent.elapsed() < 15000;) {
+            m_s = std::make_unique<UxScheduler>(), m_timer = nullptr, m_firstEnd = m_ticks = 0;
+            int tick = 0;
+            const uint delay = hold < 0 ? 10 : 0;
+            const qint64 before = QDateTime::currentMSecsSinceEpoch();
+            m_s->Schedule([&] { tick = m_ticks; }, delay, 1);
+            const qint64 target = before + delay + hold;
+            if (QDateTime::currentMSecsSinceEpoch() != before)
+                continue; // the due time is not known to the millisecond
+            while (QDateTime::currentMSecsSinceEpoch() < target) {
+            }
+            UxTest::spinUntil([&] { return tick > 0; }, 12);
+            if (m_firstAt != target || m_firstEnd != target)
+                continue;
+            QCOMPARE(qMin(tick, 2), ranOn);
+            return;
+        }
+        QFAIL("every attempt for 15 s missed its millisecond");
     }
 };
 
