@@ -149,7 +149,6 @@ private Q_SLOTS:
             << QVariant(QObject::disconnect(animation, SIGNAL(finished()), &stack, SLOT(animationFinished()))) << QVariant(true);
         static UxFlowLayout flow(0, 0, 0);
         QTest::newRow("flow expands horizontally") << QVariant(int(flow.expandingDirections())) << QVariant(int(Qt::Horizontal));
-        QTest::newRow("flow spacings 0 kept") << QVariant(flow.horizontalSpacing() * 10 + flow.verticalSpacing()) << QVariant(0);
         static UxFlowLayout unspaced(0, -1, -1); // no parent: no smart spacing either
         QTest::newRow("flow spacings -1") << QVariant(unspaced.horizontalSpacing() + unspaced.verticalSpacing()) << QVariant(-2);
         static QWidget parent;
@@ -179,7 +178,6 @@ private Q_SLOTS:
         UxCore::instance()->setCurrentSkin(QStringLiteral("dark"));
         disconnect(c);
         QCOMPARE(QList<QVariantList>(spy), QList<QVariantList>{{QStringLiteral("dark")}});
-        QCOMPARE(UxCore::instance()->getCurrentSkinId(), QStringLiteral("dark"));
         // Loaded once more, the victim deleted before its turn, and the previous skin's look does not linger.
         QCOMPARE(QVariantList({w.loads, w.victim == nullptr, sheetWhenSignalled, b.styleSheet()}), QVariantList({2, true, kDarkSheet, QString()}));
     }
@@ -217,7 +215,6 @@ private Q_SLOTS:
         delete main;
         QCOMPARE(core->mainWindow(), nullptr);
         UxCfg* cfg = UxCfg::instance();
-        QCOMPARE(cfg->path(QString()), UxTest::configDir());
         cfg->setPath(QString(), UxTest::configDir() + QStringLiteral("/sub//"));
         QCOMPARE(cfg->path(QString()), UxTest::configDir() + QStringLiteral("/sub"));
         QCOMPARE(cfg->path(QStringLiteral("layouts")), UxTest::configDir() + QStringLiteral("/sub/layouts"));
@@ -250,7 +247,6 @@ private Q_SLOTS:
         QTest::newRow("default 200x100") << 0 << QSize(200, 100) << -1;
         QTest::newRow("drawFrame") << 1 << QSize(200, 100) << -1;
         QTest::newRow("border 5, odd size") << 0 << QSize(37, 23) << 5;
-        QTest::newRow("border 0") << 0 << QSize(60, 40) << 0;
         QTest::newRow("message box") << 2 << QSize() << 4;
         QTest::newRow("override leaves own paint") << 3 << QSize(60, 40) << -1;
     }
@@ -292,8 +288,8 @@ private Q_SLOTS:
     // is relative to the original top-left; a null one is not checked.
     void frameless_data()
     {
-        QTest::addColumn<int>("setup"); // library helper: 1 not movable, 2 not resizable, 3 title 50 set elsewhere,
-            // 4 title 2^31 + 5, 5 band on move, 6 band on resize, 7 maximized, 8 border 10 set elsewhere,
+        QTest::addColumn<int>("setup"); // library helper: 1 not movable, 2 not resizable, 4 title 2^31 + 5 set
+            // elsewhere, 5 band on move, 6 band on resize, 7 maximized, 8 border 10 set elsewhere,
             // 9 border UINT_MAX; host helper: 10 defaults, 11 not resizable, 12 neither, 13 title 30
         QTest::addColumn<QPoint>("press"); QTest::addColumn<QPoint>("to"); QTest::addColumn<int>("cursor");
         QTest::addColumn<QRect>("expected");
@@ -303,7 +299,6 @@ private Q_SLOTS:
         QTest::newRow("last title row drags") << 0 << QPoint(150, 29) << QPoint(190, 54) << none << dragged;
         QTest::newRow("below the title") << 0 << QPoint(150, 30) << QPoint(190, 55) << none << same;
         QTest::newRow("not movable") << 1 << QPoint(150, 15) << QPoint(190, 40) << none << same;
-        QTest::newRow("title set elsewhere") << 3 << QPoint(150, 45) << QPoint(190, 70) << none << dragged;
         QTest::newRow("huge title clamped") << 4 << QPoint(150, 100) << QPoint(160, 110) << none << QRect(10, 10, 300, 200);
         QTest::newRow("band on move") << 5 << QPoint(150, 10) << QPoint(170, 40) << none << QRect(20, 30, 300, 200);
         QTest::newRow("left band, inner limit") << 0 << QPoint(5, 100) << QPoint(53, 100) << hor << QRect(53, 0, 247, 200);
@@ -329,7 +324,6 @@ private Q_SLOTS:
         QTest::newRow("shared border width") << 8 << QPoint(10, 100) << QPoint(60, 100) << hor << QRect(60, 0, 240, 200);
         QTest::newRow("huge border clamped") << 9 << QPoint(150, 100) << QPoint(150, 100) << fdiag << QRect();
         // The host helper: no title limit, a 5-pixel band, resizing by the mouse's travel.
-        QTest::newRow("host drag") << 10 << QPoint(150, 100) << QPoint(180, 120) << none << QRect(30, 20, 300, 200);
         QTest::newRow("host right band, inner limit") << 10 << QPoint(295, 100) << QPoint(325, 100) << hor << QRect(0, 0, 330, 200);
         QTest::newRow("host bottom band, inner limit") << 10 << QPoint(150, 195) << QPoint(150, 215) << ver << QRect(0, 0, 300, 220);
         QTest::newRow("host left of the right band") << 10 << QPoint(294, 100) << QPoint(304, 110) << none << QRect(10, 10, 300, 200);
@@ -348,15 +342,15 @@ private Q_SLOTS:
     void frameless()
     {
         QFETCH(int, setup); QFETCH(QPoint, press); QFETCH(QPoint, to); QFETCH(QRect, expected);
-        if (setup == 3 || setup == 4 || setup == 8 || setup == 9) {
+        if (setup == 4 || setup == 8 || setup == 9) {
             FramelessHelper other;
-            const uint value = setup == 3 ? 50u : setup == 8 ? 10u : setup == 4 ? 0x80000005u : UINT_MAX;
-            if (setup == 4 || setup == 9)
+            const uint value = setup == 8 ? 10u : setup == 4 ? 0x80000005u : UINT_MAX;
+            if (setup != 8)
                 QTest::ignoreMessage(QtDebugMsg, QRegularExpression(QStringLiteral("value too large! %1$").arg(value)));
-            setup < 8 ? other.setTitleHeight(value) : other.setBorderWidth(value);
+            setup == 4 ? other.setTitleHeight(value) : other.setBorderWidth(value);
             other.setBorderWidth(0); // ignored
             other.setTitleHeight(0);
-            QCOMPARE(setup < 8 ? other.titleHeight() : other.borderWidth(), qMin(value, 16384u));
+            QCOMPARE(setup == 4 ? other.titleHeight() : other.borderWidth(), qMin(value, 16384u));
         }
         Target t(setup >= 10);
         if (setup == 7) {
@@ -501,7 +495,6 @@ private Q_SLOTS:
     void flow_data()
     {
         QTest::addColumn<int>("width"); QTest::addColumn<int>("spacing"); QTest::addColumn<int>("perRow");
-        QTest::newRow("time pop-up grid") << 229 - 16 << 0 << 10;
         QTest::newRow("spaced") << 100 << 4 << 3;
         QTest::newRow("wider than one item") << 10 << 0 << 1;
         QTest::newRow("wider than one item, spaced") << 10 << 4 << 1; // an empty row never wraps
