@@ -182,6 +182,15 @@ private slots:
         QStandardItemModel rows(9, 1);
         QCOMPARE((QVector<const void*>{UxQuickMacroMatcher::hitAt(hits, rows.index(2, 0)), UxQuickMacroMatcher::hitAt(hits, rows.index(3, 0)), UxQuickMacroMatcher::hitAt(hits, {})}),
                  (QVector<const void*>{hits[2], nullptr, nullptr}));
+        // Records edited in place are folded again; once dead text dominates it is compacted, fields still apart.
+        Dict edited;
+        for (int i = 0; i < 12; ++i)
+            edited.add(QString::number(700000 + i), QString(400, QLatin1Char('x')));
+        matcher.setDictionary(edited.ptrs);
+        for (auto& item : edited.items)
+            item->texts[2] = QStringLiteral("名") + item->texts[1];
+        QCOMPARE(matcher.search(QStringLiteral("名700003")), QVector<quickMacroItem*>({edited.ptrs[3]}));
+        QVERIFY(matcher.search(QStringLiteral("3名7")).isEmpty()); // across a code and its name
     }
 
     // Placed under its line edit in the top-level window, chosen from with the keys, kept while
