@@ -119,7 +119,6 @@ private slots:
         QCoreApplication::sendPostedEvents();
         std::unique_ptr<QWidget> after(make(&holder));
         QCOMPARE(chinese(visibleTexts(before.get())), QStringList());
-        QCOMPARE(chinese(visibleTexts(after.get())), QStringList());
         QCOMPARE(visibleTexts(after.get()), visibleTexts(before.get()));
         if (auto* calendar = qobject_cast<QCalendarWidget*>(before.get()))
             QCOMPARE(calendar->locale().language(), QLocale::English);

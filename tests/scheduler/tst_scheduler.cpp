@@ -20,7 +20,6 @@ class TstScheduler : public QObject
     QTimer* m_timer = nullptr; // the scheduler's poll, seen on its first tick
     qint64 m_last = 0, m_worst = 0, m_until = 0; // gaps count until the last due time has passed
     qint64 m_firstAt = 0, m_firstEnd = 0; // the clock as the first tick began and as its poll returned
-    bool m_watchFirst = false; // read m_firstEnd (not with callbacks that destroy the scheduler)
     int m_ticks = 0;
     bool m_fresh = true; // no tick since the clock was reset
 
@@ -31,7 +30,7 @@ class TstScheduler : public QObject
         const auto* at = reinterpret_cast<const char*>(o), *s = reinterpret_cast<const char*>(m_s.get());
         if (e->type() == QEvent::Timer && m_s && at >= s && at < s + sizeof(UxScheduler)) { // a member timer
             const qint64 now = QDateTime::currentMSecsSinceEpoch();
-            if (!m_timer && m_watchFirst) { // connected after the poll, so this runs as the poll returns
+            if (!m_timer) { // connected after the poll, so this runs as the poll returns
                 m_firstAt = now;
                 connect(static_cast<QTimer*>(o), &QTimer::timeout, this,
                         [this] { m_firstEnd = m_firstEnd ? m_firstEnd : QDateTime::currentMSecsSinceEpoch(); });
@@ -69,7 +68,7 @@ class TstScheduler : public QObject
 
 private Q_SLOTS:
     void initTestCase() { qApp->installEventFilter(this); }
-    void cleanup() { m_s.reset(), m_watchFirst = false; }
+    void cleanup() { m_s.reset(); }
 
     void queue_data()
     {
@@ -90,7 +89,6 @@ private Q_SLOTS:
         // The second task is judged against the moment the poll began, not after the first one's stall.
         row("a slow callback does not make its peers miss", "a@0#1/z12 b@0#2 c@0#3", "a b c");
         row("a callback aborts: the rest stay, polled but not run", "a@0#1/x held@6#2", "a", true);
-        row("callback cancels all", "a@6#1/! b@6#2 c@12#3", "a");
         row("callback cancels all and re-arms", "a@6#1/!/inner@6#1 b@6#2 c@12#3", "a inner");
         row("callback destroys the scheduler", "a@6#1/~ b@6#2", "a");
     }
@@ -143,7 +141,6 @@ private Q_SLOTS:
         QFETCH(int, hold);
         QFETCH(int, ranOn);
         QElapsedTimer spent;
-        m_watchFirst = true;
         for (spent.start(); spent.elapsed() < 15000;) {
             m_s = std::make_unique<UxScheduler>(), m_timer = nullptr, m_firstEnd = m_ticks = 0;
             int tick = 0;
