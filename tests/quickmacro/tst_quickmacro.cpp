@@ -385,7 +385,7 @@ private slots:
             QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
             QVERIFY(!completer->eventFilter(popup, &down) && !completer->eventFilter(&edit, &press));
         }
-        QMouseEvent click(QEvent::MouseButtonPress, QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent click(QEvent::MouseButtonPress, QPointF(1, 1), QPointF(1, 1), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
         completer->autoSuggest();
         QVERIFY(completer->eventFilter(popup, &click) && !popup->isVisible());
         // Enter on the keyboard line edit writes its list's choice back and opens nothing.
