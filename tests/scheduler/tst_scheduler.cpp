@@ -153,8 +153,8 @@ private Q_SLOTS:
             while (QDateTime::currentMSecsSinceEpoch() < target) {
             }
             UxTest::spinUntil([&] { return tick > 0; }, 12);
-            if (m_firstAt != target || m_firstEnd != target)
-                continue;
+            if (m_firstAt != target || m_firstEnd != target || (ranOn == 2 && !tick))
+                continue; // or the later tick stalled past the window
             QCOMPARE(qMin(tick, 2), ranOn);
             return;
         }
