@@ -22,6 +22,7 @@ class TstScheduler : public QObject
     qint64 m_firstAt = 0, m_firstEnd = 0; // the clock as the first tick began and as its poll returned
     int m_ticks = 0;
     bool m_fresh = true; // no tick since the clock was reset
+    bool m_idle = true; // the poll is stopped: the next schedule restarts it
 
     void resetClock() { m_last = QDateTime::currentMSecsSinceEpoch(), m_fresh = true; }
 
@@ -50,14 +51,16 @@ class TstScheduler : public QObject
     {
         const QStringList parts = op.split('/');
         const QString name = parts[0].section('@', 0, 0), arg = op.mid(1);
-        if (op.contains('@'))
-            m_until = qMax(m_until, QDateTime::currentMSecsSinceEpoch() + parts[0].section('@', 1).section('#', 0, 0).toInt() + 3),
-            m_s->Schedule([this, name, parts] { m_ran << name; for (const QString& post : parts.mid(1)) exec(post); },
-                          parts[0].section('@', 1).section('#', 0, 0).toUInt(), parts[0].section('#', 1).toUInt());
-        else if (op == "!")
-            m_s->CancelAll();
+        const uint delay = parts[0].section('@', 1).section('#', 0, 0).toUInt(), id = parts[0].section('#', 1).toUInt();
+        if (op.contains('@')) {
+            if (m_idle) // the first tick is timed from the poll's (re)start, not from slower ops before it
+                resetClock(), m_idle = false;
+            m_until = qMax(m_until, QDateTime::currentMSecsSinceEpoch() + delay + 3);
+            m_s->Schedule([this, name, parts] { m_ran << name; for (const QString& post : parts.mid(1)) exec(post); }, delay, id);
+        } else if (op == "!")
+            m_s->CancelAll(), m_idle = true;
         else if (op == "x")
-            m_s->Abort();
+            m_s->Abort(), m_idle = true;
         else if (op == "~")
             m_s.reset();
         else if (op.startsWith('z'))
@@ -100,15 +103,9 @@ private Q_SLOTS:
         QElapsedTimer spent;
         for (spent.start(); spent.elapsed() < 15000;) {
             m_s = std::make_unique<UxScheduler>(), m_ran.clear(), m_timer = nullptr, m_worst = m_until = 0;
-            resetClock();
-            bool idle = true; // the poll is stopped
-            for (const QString& op : ops) {
+            resetClock(), m_idle = true;
+            for (const QString& op : ops)
                 exec(op);
-                // Time the first tick from the poll's (re)start, not from the slower ops before it.
-                if (idle && op.contains('@'))
-                    resetClock(), idle = false;
-                idle = idle || op == "!" || op == "x";
-            }
             UxTest::spinUntil([&] { return m_ran.size() >= expected.size(); }, 200);
             UxTest::spin(10);
             m_ticks = 0;
